@@ -1,0 +1,119 @@
+#pragma once
+
+// Small helpers shared by the widget tests: making a plot the active window,
+// sending pointer events to the canvas and answering menus and modal dialogs
+// from a poller that runs inside their nested event loops.
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QTest>
+#include <QWheelEvent>
+#include <QWidget>
+
+#include <functional>
+
+namespace TestSupport {
+
+inline bool showActive(QWidget &w, QSize size = QSize(400, 300))
+{
+    w.resize(size);
+    w.show();
+    if (!QTest::qWaitForWindowExposed(&w))
+        return false;
+    w.activateWindow();
+    return QTest::qWaitForWindowActive(&w) && QApplication::activeWindow() == &w;
+}
+
+inline void mouse(QWidget *w, QEvent::Type type, QPoint p, Qt::MouseButton button = Qt::NoButton,
+                  Qt::MouseButtons held = Qt::NoButton, Qt::KeyboardModifiers mods = Qt::NoModifier)
+{
+    QMouseEvent ev(type, QPointF(p), QPointF(w->mapToGlobal(p)), button, held, mods);
+    QCoreApplication::sendEvent(w, &ev);
+}
+
+inline void wheel(QWidget *w, QPoint p, int notches, Qt::KeyboardModifiers mods = Qt::NoModifier)
+{
+    QWheelEvent ev(QPointF(p), QPointF(w->mapToGlobal(p)), QPoint(), QPoint(0, 120 * notches),
+                   Qt::NoButton, mods, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(w, &ev);
+}
+
+inline void contextMenu(QWidget *w, QPoint p)
+{
+    QContextMenuEvent ev(QContextMenuEvent::Mouse, p, w->mapToGlobal(p), Qt::NoModifier);
+    QCoreApplication::sendEvent(w, &ev);
+}
+
+inline void drag(QWidget *w, QPoint from, QPoint to, Qt::MouseButton button = Qt::LeftButton,
+                 Qt::KeyboardModifiers mods = Qt::NoModifier)
+{
+    mouse(w, QEvent::MouseButtonPress, from, button, button, mods);
+    mouse(w, QEvent::MouseMove, to, Qt::NoButton, button, mods);
+    mouse(w, QEvent::MouseButtonRelease, to, button, Qt::NoButton, mods);
+}
+
+// Runs act(w) on the first widget that find() returns, polling every 20 ms.
+// Set it up before the blocking exec(); it gives up after the timeout and
+// closes whatever popup or modal dialog is open, so a test fails, never hangs.
+class WhenShown : public QObject
+{
+public:
+    WhenShown(std::function<QWidget *()> find, std::function<void(QWidget *)> act, int timeoutMs = 5000)
+        : m_find(std::move(find)), m_act(std::move(act)), m_timeout(timeoutMs)
+    {
+        m_clock.start();
+        m_id = startTimer(20);
+    }
+    bool fired() const { return m_fired; }
+
+protected:
+    void timerEvent(QTimerEvent *) override
+    {
+        if (m_fired)
+            return;
+        if (QWidget *w = m_find()) {
+            killTimer(m_id);
+            m_fired = true;
+            m_act(w);
+            return;
+        }
+        if (!m_clock.hasExpired(m_timeout))
+            return;
+        killTimer(m_id);
+        if (QWidget *p = QApplication::activePopupWidget())
+            p->close();
+        if (auto *d = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
+            d->reject();
+    }
+
+private:
+    std::function<QWidget *()> m_find;
+    std::function<void(QWidget *)> m_act;
+    QElapsedTimer m_clock;
+    int m_timeout;
+    int m_id = 0;
+    bool m_fired = false;
+};
+
+inline QWidget *activePopup() { return QApplication::activePopupWidget(); }
+inline QWidget *activeModal() { return QApplication::activeModalWidget(); }
+
+// Counts replots of any QwtPlot subclass.
+template <class Base>
+class ReplotCounter : public Base
+{
+public:
+    using Base::Base;
+    int replots = 0;
+    void replot() override
+    {
+        ++replots;
+        Base::replot();
+    }
+};
+
+} // namespace TestSupport
