@@ -1,0 +1,38 @@
+#pragma once
+
+#include <figura/FiguraGlobal.h>
+
+#include <QColor>
+#include <QObject>
+
+class QAbstractButton;
+class QFont;
+class QIcon;
+
+// Font and colour buttons of the settings panels keep their value in
+// themselves, where it can be seen and read back: a colour button shows a
+// square of the colour and has the colour's name as its text; a font button
+// shows the family in its own size and holds QFont::toString() of the chosen
+// font in the dynamic property "fontString". Everything is static and does
+// nothing for a null button.
+class FIGURA_AUTOTEST_EXPORT GuiHelper : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit GuiHelper(QObject *parent = nullptr);
+
+    static void setButtonFont(QAbstractButton *button, const QFont &font);
+    static void setButtonColor(QAbstractButton *button, const QColor &color);
+
+    // Open the font or colour dialog on the button's value and keep what the
+    // user accepts; a cancelled dialog leaves the button as it was.
+    static void chooseButtonFont(QAbstractButton *button);
+    static void chooseButtonColor(QAbstractButton *button);
+
+    // A side x side icon filled with the colour.
+    static QIcon colorIcon(int side, const QColor &color);
+    // The colour a text names, or an invalid colour; unlike QColor(QString)
+    // it stays quiet about texts that name no colour.
+    static QColor colorFromText(const QString &text);
+};
