@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QStringList>
 #include <QTest>
 #include <QWheelEvent>
 #include <QWidget>
@@ -100,6 +101,25 @@ private:
 };
 
 inline QWidget *activePopup() { return QApplication::activePopupWidget(); }
+
+// The entries of a menu as text: an action by its text without '&', a
+// separator as "-", a submenu as ">" followed by its object name.
+inline QStringList menuEntries(const QMenu *menu)
+{
+    QStringList entries;
+    if (!menu)
+        return entries;
+    const QList<QAction *> actions = menu->actions();
+    for (const QAction *action : actions) {
+        if (action->isSeparator())
+            entries << QStringLiteral("-");
+        else if (action->menu())
+            entries << QLatin1Char('>') + action->menu()->objectName();
+        else
+            entries << QString(action->text()).remove(QLatin1Char('&'));
+    }
+    return entries;
+}
 inline QWidget *activeModal() { return QApplication::activeModalWidget(); }
 
 // Counts replots of any QwtPlot subclass.
@@ -113,6 +133,13 @@ public:
     {
         ++replots;
         Base::replot();
+    }
+    // A new widget gets a polish request posted, and QwtPlot answers it with
+    // a replot: deliver it and start counting from zero.
+    void settle()
+    {
+        QCoreApplication::sendPostedEvents(this, QEvent::PolishRequest);
+        replots = 0;
     }
 };
 
