@@ -1,5 +1,7 @@
 #include <figura/plots/VoidPlot.h>
 
+#include <figura/dialogs/CustomScaleDialog.h>
+#include <figura/dialogs/PlotSettingsDialog.h>
 #include <figura/plots/PlotRenderer.h>
 #include <figura/scales/PositiveLinearScaleEngine.h>
 
@@ -35,6 +37,7 @@
 #include <qwt_text_label.h>
 
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -1376,33 +1379,238 @@ void VoidPlot::exportImageToFile()
 }
 
 // ---------------------------------------------------------------------------
-// The exchange with the settings dialog and the custom scale commands. Their
-// bodies come with PlotSettingsDialog and the custom scale dialog; until then
-// they leave the plot as it is.
+// The exchange with the settings dialog and the custom scale commands.
 
 void VoidPlot::editPlotSetting()
 {
+    PlotSettingsDialog dialog(this);
+    setPlotSettingDialogHelper(&dialog);
+    loadToPlotSettingDialog(dialog);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    saveFromPlotSettingDialog(dialog);
+    replot();
 }
 
 void VoidPlot::loadToPlotSettingDialog(PlotSettingsDialog &dialog)
 {
-    Q_UNUSED(dialog)
+    const int options = customPlotOptionFlags;
+
+    if (options & PlotOptionTitle) {
+        // A host that composes the title lets the user edit only its own part.
+        QwtText shown = title();
+        if (!subTitleText.isEmpty())
+            shown.setText(subTitleText);
+        dialog.setPlotTitle(shown);
+    } else {
+        dialog.setPlotTitleOptionsVisible(false);
+    }
+
+    if (options & PlotOptionCanvas) {
+        dialog.setCanvasColor(canvasBackground().color());
+        dialog.setMajorGridColor(grid->majorPen().color());
+        dialog.setMinorGridColor(grid->minorPen().color());
+    } else {
+        dialog.setCanvasOptionsVisible(false);
+    }
+
+    if (options & PlotOptionChartColor)
+        dialog.setChartColor(chartColorValue);
+    else
+        dialog.setChartColorVisible(false);
+    dialog.setLineChartWidthVisible(options & PlotOptionLineChartWidth);
+    dialog.setApplyLineWidthVisible(options & PlotOptionApplyLineWidth);
+    dialog.setBarChartBaselineVisible(options & PlotOptionBarChartBaseline);
+    dialog.setChartOptionsVisible(options
+                                  & (PlotOptionChartColor | PlotOptionLineChartWidth
+                                     | PlotOptionApplyLineWidth | PlotOptionBarChartBaseline));
+    dialog.setTimeFormatVisible(options & PlotOptionTimeFormat);
+
+    if (options & PlotOptionMarker) {
+        dialog.setMarkerVisible(markerVisible);
+        const QPen pen = marker->linePen();
+        dialog.setMarkerWidth(pen.width());
+        // A line hidden through its alpha still has a colour worth editing.
+        QColor color = pen.color();
+        if (color.alpha() == 0)
+            color.setAlpha(255);
+        dialog.setMarkerColor(color);
+    } else {
+        dialog.setMarkerOptionsVisible(false);
+    }
+
+    if (options & PlotOptionMarkerLabel) {
+        dialog.setMarkerLabelVisible(markerLabelVisible);
+        dialog.setMarkerLabel(markerLabel);
+        dialog.setMarkerLabelBgColor(markerLabel.backgroundBrush().color());
+        dialog.setMarkerLabelAlignment(static_cast<Qt::AlignmentFlag>(markerLabelAlignmentValue));
+        if (options & PlotOptionMarkerLabelSort)
+            dialog.setMarkerLabelSortOption(
+                static_cast<Figura::MarkerLabelSortOption>(markerLabelSortOptionValue));
+        else
+            dialog.setMarkerLabelSortOptionVisible(false);
+    } else {
+        dialog.setMarkerLabelOptionsVisible(false);
+    }
+
+    if (options & PlotOptionPeakLabel) {
+        dialog.setPeakLabelVisible(peakLabelVisible);
+        dialog.setPeakLabelFormat(peakLabelFormat);
+    } else {
+        dialog.setPeakLabelOptionsVisible(false);
+    }
+
+    // The axes whatever the options say. Only the left y axis lets the user
+    // choose its scale, and its default is logarithmic.
+    auto loadAxis = [this, &dialog](int axisId) {
+        dialog.setAxisTitle(axisId, axisTitle(axisId));
+        dialog.setTickLabel(axisId, tickLabel(axisId));
+    };
+    auto loadLinearAxis = [&loadAxis, &dialog](int axisId) {
+        loadAxis(axisId);
+        dialog.setAxisScale(axisId, 0);
+        dialog.setDefaultAxisScale(axisId, 0);
+        dialog.setAxisScaleEnabled(axisId, false);
+    };
+    loadLinearAxis(QwtPlot::xBottom);
+    if (isAxisVisible(QwtPlot::xTop))
+        loadLinearAxis(QwtPlot::xTop);
+    loadAxis(QwtPlot::yLeft);
+    const bool logEngine =
+        dynamic_cast<const QwtLogScaleEngine *>(axisScaleEngine(QwtPlot::yLeft)) != nullptr;
+    dialog.setAxisScale(QwtPlot::yLeft, logEngine ? 1 : 0);
+    dialog.setDefaultAxisScale(QwtPlot::yLeft, 1);
+    if (isAxisVisible(QwtPlot::yRight))
+        loadLinearAxis(QwtPlot::yRight);
 }
 
 void VoidPlot::saveFromPlotSettingDialog(const PlotSettingsDialog &dialog)
 {
-    Q_UNUSED(dialog)
+    // Hidden groups are not read back, so that the dialog's defaults cannot
+    // leak into the plot.
+    const int options = customPlotOptionFlags;
+
+    if (options & PlotOptionTitle)
+        setPlotTitle(dialog.plotTitle());
+    if (options & PlotOptionCanvas) {
+        setCanvasBgColor(dialog.canvasColor());
+        setMajorGridColor(dialog.majorGridColor());
+        setMinorGridColor(dialog.minorGridColor());
+    }
+    if (options & PlotOptionChartColor)
+        setChartColor(dialog.chartColor());
+    if (options & PlotOptionMarker) {
+        setMarkerVisible(dialog.isMarkerVisible());
+        setMarkersWidth(dialog.markerWidth());
+        setMarkersColor(dialog.markerColor());
+    }
+    if (options & PlotOptionMarkerLabel) {
+        setMarkerLabelVisible(dialog.isMarkerLabelVisible());
+        setMarkerLabelFontColor(dialog.markerLabel());
+        setMarkerLabelBgColor(dialog.markerLabelBgColor());
+        setMarkerLabelAlignment(dialog.markerLabelAlignment());
+        if (options & PlotOptionMarkerLabelSort)
+            setMarkerLabelSortOption(dialog.markerLabelSortOption());
+    }
+    if (options & PlotOptionPeakLabel) {
+        setPeakLabelVisible(dialog.isPeakLabelVisible());
+        setPeakLabelFormat(dialog.peakLabelFormat());
+    }
+
+    setAxisCustomTitle(QwtPlot::xBottom, dialog.axisTitle(QwtPlot::xBottom));
+    setTickLabel(QwtPlot::xBottom, dialog.tickLabel(QwtPlot::xBottom));
+    setAxisCustomTitle(QwtPlot::yLeft, dialog.axisTitle(QwtPlot::yLeft));
+    setTickLabel(QwtPlot::yLeft, dialog.tickLabel(QwtPlot::yLeft));
+
+    // The engine changes through the action, whose toggled() runs
+    // toggleLogScale(); without the action only the flag follows the dialog.
+    const int scale = dialog.axisScale(QwtPlot::yLeft);
+    if (scale != (logScale ? 1 : 0)) {
+        logScale = scale == 1;
+        if (logScaleAct)
+            logScaleAct->setChecked(logScale);
+    }
+
+    if (isAxisVisible(QwtPlot::xTop)) {
+        setAxisCustomTitle(QwtPlot::xTop, dialog.axisTitle(QwtPlot::xTop));
+        setTickLabel(QwtPlot::xTop, dialog.tickLabel(QwtPlot::xTop));
+    }
+    if (isAxisVisible(QwtPlot::yRight)) {
+        setAxisCustomTitle(QwtPlot::yRight, dialog.axisTitle(QwtPlot::yRight));
+        setTickLabel(QwtPlot::yRight, dialog.tickLabel(QwtPlot::yRight));
+    }
 }
 
 void VoidPlot::editCustomScale()
 {
+    // A host may call this without a menu having been opened first.
+    createCustomScaleSettings();
+
+    const QwtScaleDiv xDiv = axisScaleDiv(QwtPlot::xBottom);
+    const QwtScaleDiv yDiv = axisScaleDiv(QwtPlot::yLeft);
+
+    // This pair tells the dialog and the store that there is no right axis.
+    double yRightLower = std::numeric_limits<double>::min();
+    double yRightUpper = std::numeric_limits<double>::max();
+    if (isAxisVisible(QwtPlot::yRight)) {
+        const QwtScaleDiv yRightDiv = axisScaleDiv(QwtPlot::yRight);
+        yRightLower = yRightDiv.lowerBound();
+        yRightUpper = yRightDiv.upperBound();
+    }
+
+    CustomScaleDialog dialog(xScaleType, xDiv.lowerBound(), xDiv.upperBound(), yDiv.lowerBound(),
+                             yDiv.upperBound(), yRightLower, yRightUpper, this);
+    setCustomScaleDialogHelper(&dialog);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+
+    const double xLower = dialog.xLower();
+    const double xUpper = dialog.xUpper();
+    const double yLower = dialog.yLower();
+    const double yUpper = dialog.yUpper();
+    setAxisScale(QwtPlot::xBottom, xLower, xUpper, 0.0);
+    setAxisScale(QwtPlot::yLeft, yLower, yUpper, 0.0);
+    if (isAxisVisible(QwtPlot::yRight)) {
+        yRightLower = dialog.yRightLower();
+        yRightUpper = dialog.yRightUpper();
+        setAxisScale(QwtPlot::yRight, yRightLower, yRightUpper, 0.0);
+    }
+    customScalePostProcess();
+    replotTimer->start();
+
+    if (customScaleSettings)
+        customScaleSettings->add(xLower, xUpper, yLower, yUpper, yRightLower, yRightUpper);
 }
 
 void VoidPlot::loadCustomScaleMenu(QMenu &menu)
 {
-    Q_UNUSED(menu)
+    createCustomScaleSettings();
+    if (!customScaleSettings)
+        return;
+
+    menu.addSeparator();
+    // Read anew each time, so that scales stored by other plots show up.
+    customScaleSettings->load();
+    for (const CustomScaleItem *item : customScaleSettings->items()) {
+        QAction *action = menu.addAction(item->name);
+        // A copy of the scale: the store may reload its items while the menu is open.
+        const CustomScaleItem scale = *item;
+        connect(action, &QAction::triggered, this, [this, scale] {
+            setAxisScale(QwtPlot::xBottom, scale.xLower, scale.xUpper, 0.0);
+            setAxisScale(QwtPlot::yLeft, scale.yLower, scale.yUpper, 0.0);
+            // Both right bounds 0.0: the scale was saved on a plot without a
+            // right axis, so it leaves any right axis alone.
+            if (isAxisVisible(QwtPlot::yRight)
+                && !(scale.yRightLower == 0.0 && scale.yRightUpper == 0.0))
+                setAxisScale(QwtPlot::yRight, scale.yRightLower, scale.yRightUpper, 0.0);
+            customScalePostProcess();
+            replotTimer->start();
+        });
+    }
 }
 
 void VoidPlot::createCustomScaleSettings()
 {
+    if (!customScaleSettings)
+        customScaleSettings = new CustomScaleSettings(xScaleType, this);
 }
