@@ -115,7 +115,9 @@ FIGURA_EXPORT extern const QString RectChar;
 
 namespace Figura {
 
-enum MarkerLabelSortOption {
+// The fixed underlying type makes any int a valid value, so that a value
+// outside the enumerators can be looked up in the map and ignored.
+enum MarkerLabelSortOption : int {
     MarkerLabelSortDefault = 0, // the plain order of the series
     MarkerLabelSortByValue = 1  // the items of a marker label sorted by their value
 };

@@ -10,7 +10,9 @@ namespace CustomScale {
 Q_NAMESPACE_EXPORT(FIGURA_EXPORT)
 
 // The kind of x axis a custom scale belongs to; each kind has its own list.
-enum XScaleType {
+// The fixed underlying type makes any int a valid value, so that operations
+// can take and ignore one outside the enumerators.
+enum XScaleType : int {
     MassScale = 0,
     TimeScale = 1
 };
