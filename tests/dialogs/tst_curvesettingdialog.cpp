@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QToolButton>
+#include <QTranslator>
 #include <QVBoxLayout>
 #include <QtTest>
 
@@ -29,6 +30,26 @@ using TestSupport::activeModal;
 using TestSupport::WhenShown;
 
 namespace {
+
+// Translates the texts of one context by putting a mark around them.
+class MarkingTranslator : public QTranslator
+{
+public:
+    explicit MarkingTranslator(const char *context) : m_context(context) {}
+    bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *sourceText, const char *disambiguation,
+                      int n) const override
+    {
+        Q_UNUSED(disambiguation)
+        Q_UNUSED(n)
+        if (qstrcmp(context, m_context) != 0)
+            return QString();
+        return QStringLiteral("<%1>").arg(QString::fromUtf8(sourceText));
+    }
+
+private:
+    const char *m_context;
+};
 
 // Opens the members to the tests.
 class DialogProbe : public CurveSettingDialog
@@ -149,6 +170,7 @@ private slots:
     // The form
     void formHasTitleGroupsAndButtons();
     void formHasNoMetaObjectOfItsOwn();
+    void textsAreTranslatedInTheContextOfQDialogButStyleNamesAreNot();
     void styleTablesHoldTheOfferedStyles();
     void combosListDefaultFirstThenByName_data();
     void combosListDefaultFirstThenByName();
@@ -245,6 +267,35 @@ void tst_CurveSettingDialog::formHasNoMetaObjectOfItsOwn()
 {
     CurveSettingDialog dialog;
     QCOMPARE(dialog.metaObject(), &QDialog::staticMetaObject);
+}
+
+void tst_CurveSettingDialog::textsAreTranslatedInTheContextOfQDialogButStyleNamesAreNot()
+{
+    MarkingTranslator translator("QDialog");
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    DialogProbe dialog;
+    QCoreApplication::removeTranslator(&translator);
+
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("<Curve Settings>"));
+    QStringList titles;
+    QStringList labels;
+    const QList<QGroupBox *> groups = dialog.findChildren<QGroupBox *>();
+    for (const QGroupBox *group : groups) {
+        titles << group->title();
+        const QList<QLabel *> groupLabels = group->findChildren<QLabel *>();
+        for (const QLabel *label : groupLabels)
+            labels << label->text();
+    }
+    titles.sort();
+    labels.sort();
+    QCOMPARE(titles, (QStringList{QStringLiteral("<Curve Line>"),
+                                  QStringLiteral("<Data Point Symbol>")}));
+    QCOMPARE(labels, (QStringList{QStringLiteral("<Line Color>"), QStringLiteral("<Line Style>"),
+                                  QStringLiteral("<Line Width>"), QStringLiteral("<Symbol Color>"),
+                                  QStringLiteral("<Symbol Size>"),
+                                  QStringLiteral("<Symbol Style>")}));
+    QCOMPARE(dialog.lineStyleCombo->currentText(), QStringLiteral("Solid"));
+    QCOMPARE(dialog.symbolStyleCombo->currentText(), QStringLiteral("No Symbol"));
 }
 
 void tst_CurveSettingDialog::styleTablesHoldTheOfferedStyles()

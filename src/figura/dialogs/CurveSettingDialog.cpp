@@ -68,6 +68,17 @@ CurveSettingDialog::CurveSettingDialog(QWidget *parent)
     symbolStyles.insert(QStringLiteral("Diagonal Cross (x)"), QwtSymbol::XCross);
 
     ui->setupUi(this);
+    // The form's texts are not translated by the form: they belong to the
+    // context of QDialog, as the dialog has no meta-object of its own.
+    setWindowTitle(QDialog::tr("Curve Settings"));
+    ui->lineGroupBox->setTitle(QDialog::tr("Curve Line"));
+    ui->lineStyleLabel->setText(QDialog::tr("Line Style"));
+    ui->lineWidthLabel->setText(QDialog::tr("Line Width"));
+    ui->lineColorLabel->setText(QDialog::tr("Line Color"));
+    ui->symbolGroupBox->setTitle(QDialog::tr("Data Point Symbol"));
+    ui->symbolStyleLabel->setText(QDialog::tr("Symbol Style"));
+    ui->symbolSizeLabel->setText(QDialog::tr("Symbol Size"));
+    ui->symbolColorLabel->setText(QDialog::tr("Symbol Color"));
 
     lineStyleCombo = ui->lineStyleCombo;
     fillStyleCombo(lineStyleCombo, lineStyles, PlotDefault::PenStyle);

@@ -25,7 +25,7 @@ class CurveSettingDialog;
 //
 // Colours live in their buttons, as the colour's #rrggbb name in the text,
 // so alpha is not kept. The dialog has no meta-object of its own: its texts
-// are translated in the form's context, and it has no signals or slots.
+// are translated in the context of QDialog, and it has no signals or slots.
 class FIGURA_AUTOTEST_EXPORT CurveSettingDialog : public QDialog
 {
 public:
