@@ -18,7 +18,6 @@
 #include <QMouseEvent>
 #include <QPen>
 #include <QPointer>
-#include <QRegularExpression>
 #include <QTimer>
 #include <QVariant>
 
@@ -323,8 +322,10 @@ void CurvePlot::displayMarkers(int pos, const QPointF &value)
                 labelText += separator + it.value();
             }
         } else {
-            labelText.remove(QRegularExpression(
-                QStringLiteral("^%1").arg(QRegularExpression::escape(separator))));
+            // Only the leading separator goes; a plain prefix test keeps a
+            // regular expression out of every pointer move.
+            if (labelText.startsWith(separator))
+                labelText.remove(0, separator.size());
             QList<QString> lines = labelText.split(separator, Qt::KeepEmptyParts, Qt::CaseSensitive);
             sortMarkerItems(byCurve, lines);
             if (!lines.isEmpty())
