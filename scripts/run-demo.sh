@@ -1,16 +1,18 @@
 #!/usr/bin/env bash
-# Runs the gallery. Without a display it renders every page to images under
-# the build folder instead, so the demo also works on a server.
+# `make demo`: runs the gallery. Without a display (or with
+# QT_QPA_PLATFORM=offscreen) it renders every page to pictures under the
+# build folder instead, so that the demo also works on a server.
 set -euo pipefail
 BUILD_DIR="${1:-build}"
 GALLERY="$BUILD_DIR/demo/figura-gallery"
 
 if [ ! -x "$GALLERY" ]; then
-  echo "run-demo: the library is built and tested with 'make test'; the gallery application is not part of this build yet."
-  exit 0
+  echo "run-demo: $GALLERY is not built; configure with -DFIGURA_BUILD_DEMO=ON (the default) and build" >&2
+  exit 1
 fi
 
-if [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; then
+if [ "${QT_QPA_PLATFORM:-}" != "offscreen" ] \
+   && { [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; }; then
   exec "$GALLERY"
 fi
 
