@@ -135,6 +135,7 @@ private slots:
     void acceptingTheDialogAppliesAndStoresTheScale();
     void scaleJustSavedStandsInTheNextMenu();
     void acceptingWithVisibleRightAxisAppliesItsBounds();
+    void editingBeforeAnyMenuKeepsTheStoredScales();
 
 private:
     QTemporaryDir settingsDir;
@@ -436,6 +437,33 @@ void tst_VoidPlotCustomScale::acceptingWithVisibleRightAxisAppliesItsBounds()
     QCOMPARE(store.items().size(), 1);
     QCOMPARE(store.items().first()->yRightLower, 5.0);
     QCOMPARE(store.items().first()->yRightUpper, 50.0);
+}
+
+void tst_VoidPlotCustomScale::editingBeforeAnyMenuKeepsTheStoredScales()
+{
+    {
+        CustomScaleSettings store(CustomScale::MassScale);
+        store.add(1, 2, 1e-10, 1e-6, 0, 0);
+        store.add(5, 50, 1e-12, 1e-8, 0, 0);
+    }
+    QCOMPARE(storedNames(CustomScale::MassScale).size(), 2);
+
+    CustomScalePlot plot;
+    plot.setAxisVisible(QwtPlot::yRight, false);
+    WhenShown answer(activeModal, [&](QWidget *dialog) {
+        setEdit(dialog, "xAxisLowerEdit", QLocale().toString(7.0));
+        setEdit(dialog, "xAxisUpperEdit", QLocale().toString(70.0));
+        setEdit(dialog, "yAxisLowerEdit", QLocale().toString(1e-12, 'e', 2));
+        setEdit(dialog, "yAxisUpperEdit", QLocale().toString(1e-6, 'e', 2));
+        dialog->findChild<QPushButton *>(QStringLiteral("okButton"))->click();
+    });
+    plot.editCustomScale();
+    QVERIFY(answer.fired());
+
+    CustomScaleSettings store(CustomScale::MassScale);
+    store.load();
+    QCOMPARE(store.items().size(), 3);
+    QCOMPARE(store.items().first()->xLower, 7.0);
 }
 
 QTEST_MAIN(tst_VoidPlotCustomScale)

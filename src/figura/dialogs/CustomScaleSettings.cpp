@@ -6,8 +6,10 @@
 #include <QMetaEnum>
 #include <QStringList>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -31,9 +33,6 @@ const BoundKey BoundKeys[] = {
     {QLatin1String("YRightLower"), &CustomScaleItem::yRightLower},
     {QLatin1String("YRightUpper"), &CustomScaleItem::yRightUpper},
 };
-
-// QSettings keeps the length of an array under this key.
-const QLatin1String ArraySizeKey("size");
 
 // The right bounds a plot without a right axis hands over.
 constexpr double NoRightAxisLower = std::numeric_limits<double>::min();
@@ -75,6 +74,14 @@ CustomScaleSettings::~CustomScaleSettings()
 void CustomScaleSettings::add(double xLower, double xUpper, double yLower, double yUpper,
                               double yRightLower, double yRightUpper)
 {
+    // Another store of the same kind, another plot's, may have saved since
+    // this one last read or wrote the list; sync() also takes in what another
+    // process wrote to the file.
+    if (followsSettings) {
+        sync();
+        load();
+    }
+
     QString xLowerText;
     QString xUpperText;
     if (scaleTypeValue == CustomScale::TimeScale) {
@@ -139,27 +146,29 @@ void CustomScaleSettings::load()
 
     const QString prefix = arrayPrefix();
 
-    // The count comes from the stored size, but a file cut short (QSettings
-    // writes the size after the entries) or edited by hand may have lost or
-    // garbled it, so the entries that are there decide as well: nothing that
-    // can be read is dropped, and a wild size does not make empty entries.
+    // The entries that are there decide, not the stored size: a file cut
+    // short has lost it (QSettings writes it after the entries), and one
+    // edited by hand may hold more entries than it says. Nothing that can be
+    // read is dropped, and neither a wild size nor a wild index makes empty
+    // entries: the work is bound by the file, not by the numbers in it. A
+    // group without a single key of an entry is no entry.
     beginGroup(prefix);
-    bool sizeRead = false;
-    const int storedSize = value(ArraySizeKey).toInt(&sizeRead);
-    int highestIndex = 0;
+    QList<int> indices; // of the entries present, from 1 as QSettings counts
     const QStringList groups = childGroups();
     for (const QString &entry : groups) {
         bool isIndex = false;
         const int index = entry.toInt(&isIndex);
-        if (isIndex && index > highestIndex)
-            highestIndex = index;
+        if (isIndex && index > 0 && holdsEntryKey(QString::number(index)))
+            indices.append(index);
     }
     endGroup();
-    const int count = (sizeRead && storedSize >= 0) ? qMin(storedSize, highestIndex) : highestIndex;
+    // "2" and "02" are one index.
+    std::sort(indices.begin(), indices.end());
+    indices.erase(std::unique(indices.begin(), indices.end()), indices.end());
 
     beginReadArray(prefix);
-    for (int i = 0; i < count; ++i) {
-        setArrayIndex(i);
+    for (const int index : std::as_const(indices)) {
+        setArrayIndex(index - 1);
         auto *item = new CustomScaleItem;
         // A missing key reads as an empty name or 0.0, not as the default of
         // a new item; so does a number that cannot be read.
@@ -171,6 +180,7 @@ void CustomScaleSettings::load()
         itemsValue.append(item);
     }
     endArray();
+    followsSettings = true;
 }
 
 void CustomScaleSettings::save()
@@ -200,6 +210,7 @@ void CustomScaleSettings::save()
             remove(entry);
     }
     endGroup();
+    followsSettings = true;
 }
 
 int CustomScaleSettings::maxItems() const
@@ -232,6 +243,20 @@ CustomScale::XScaleType CustomScaleSettings::scaleType() const
 const QList<CustomScaleItem *> &CustomScaleSettings::items() const
 {
     return itemsValue;
+}
+
+bool CustomScaleSettings::holdsEntryKey(const QString &group)
+{
+    beginGroup(group);
+    const QStringList keys = childKeys();
+    endGroup();
+    if (keys.contains(ScaleNameKey))
+        return true;
+    for (const BoundKey &bound : BoundKeys) {
+        if (keys.contains(bound.key))
+            return true;
+    }
+    return false;
 }
 
 QString CustomScaleSettings::arrayPrefix() const

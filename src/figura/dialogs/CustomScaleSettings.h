@@ -62,7 +62,10 @@ public:
     // Names the range, puts it at the front, drops an older entry of the same
     // name and bounds, cuts the list to maxItems() and saves it. The pair
     // (smallest positive normal double, largest double) as right bounds means
-    // "no right axis" and is stored as 0.0, 0.0.
+    // "no right axis" and is stored as 0.0, 0.0. A store that has loaded or
+    // saved before reads the stored list anew first, so that the stores of
+    // one kind (one per plot) can add in turns without losing each other's
+    // entries; one that has done neither works on its own list alone.
     void add(double xLower, double xUpper, double yLower, double yUpper,
              double yRightLower, double yRightUpper);
 
@@ -94,4 +97,14 @@ protected:
     QString rootKeyValue = QStringLiteral("Plot/CustomScales");
     int maxItemsValue = 5;
     CustomScale::XScaleType scaleTypeValue;
+
+private:
+    // Whether the array entry group (a number below the array's prefix)
+    // holds at least one key of an entry.
+    bool holdsEntryKey(const QString &group);
+
+    // Set once the list has been read from or written to the settings. From
+    // then on add() starts from the stored list, so that what another store
+    // of the same kind saved in the meantime is kept.
+    bool followsSettings = false;
 };

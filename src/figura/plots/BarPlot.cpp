@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPalette>
+#include <QPointer>
 #include <QVariant>
 
 #include <qwt_column_symbol.h>
@@ -164,7 +165,12 @@ void BarPlot::setDefaultBarChartBaseLine(double value)
 
 bool BarPlot::eventFilter(QObject *watched, QEvent *event)
 {
+    // The frame may run the context menu inside this call, and the host may
+    // delete the plot while the menu is open: then the event goes no further.
+    const QPointer<QObject> alive(this);
     VoidPlot::eventFilter(watched, event);
+    if (!alive)
+        return true;
 
     if (watched != canvas() || event->type() != QEvent::MouseMove)
         return false;
@@ -234,7 +240,8 @@ void BarPlot::displayMarkers(int pos, const QPointF &value)
             ? SampleSearch::closestSampleIndex(data, invTransform(QwtPlot::xBottom, pos),
                                                SampleSearch::ClosestByBisection)
             : SampleSearch::exactSampleIndex(data, value.x());
-        const QPointF sample = index < 0 ? QPointF(0.0, 0.0) : data->sample(size_t(index));
+        // A NaN or infinite sample counts as none, like the null point.
+        const QPointF sample = MarkerReadout::readableSample(data, index);
         if (isNullPoint(sample))
             continue;
 

@@ -21,6 +21,8 @@
 #include <QTimer>
 #include <QVariant>
 
+#include <memory>
+
 #include <qwt_legend.h>
 #include <qwt_legend_label.h>
 #include <qwt_plot_curve.h>
@@ -185,7 +187,12 @@ bool CurvePlot::isAnyCurveVisible() const
 
 bool CurvePlot::eventFilter(QObject *watched, QEvent *event)
 {
+    // The frame may run the context menu inside this call, and the host may
+    // delete the plot while the menu is open: then the event goes no further.
+    const QPointer<QObject> alive(this);
     VoidPlot::eventFilter(watched, event);
+    if (!alive)
+        return true;
 
     if (watched != canvas() || event->type() != QEvent::MouseMove)
         return false;
@@ -252,7 +259,8 @@ void CurvePlot::displayMarkers(int pos, const QPointF &value)
         } else {
             index = exactSampleIndex(data, value.x());
         }
-        const QPointF sample = index < 0 ? QPointF(0.0, 0.0) : data->sample(size_t(index));
+        // A NaN or infinite sample counts as none, like the null point.
+        const QPointF sample = MarkerReadout::readableSample(data, index);
         if (isNullPoint(sample))
             continue;
 
@@ -470,6 +478,9 @@ void CurvePlot::selectSample(int pos)
     if (index < 0)
         return;
     const QPointF sample = data->sample(size_t(index));
+    // A NaN or infinite sample has no place to show the selection.
+    if (!MarkerReadout::isReadable(sample))
+        return;
     // pos as given: the label's side follows the pointer, not the sample.
     displaySelectionMarker(pos, sample);
     replot();
@@ -523,6 +534,8 @@ void CurvePlot::displaySelectionMarker(int index)
     if (index < 0 || index >= sampleCount(first))
         return;
     const QPointF sample = first->data()->sample(size_t(index));
+    if (!MarkerReadout::isReadable(sample))
+        return;
     // Truncated, where the other callers round: a selection put back by the
     // host keeps the column it had.
     displaySelectionMarker(toPixel(transform(QwtPlot::xBottom, sample.x()), false), sample);
@@ -634,8 +647,14 @@ void CurvePlot::createLegendContextMenu(QwtPlotCurve *curve, QContextMenuEvent *
     if (!event)
         return;
 
-    QMenu menu(this);
-    menu.setObjectName(QStringLiteral("legendContextMenu"));
+    // On the heap, and rescued from a plot that dies while the menu runs, as
+    // in VoidPlot::createContextMenu(): it closes and is deleted here.
+    const QPointer<QMenu> menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("legendContextMenu"));
+    connect(this, &QObject::destroyed, menu, [orphan = menu.data()] {
+        orphan->setParent(nullptr, orphan->windowFlags());
+        orphan->close();
+    });
 
     // The action of the last menu lives until the next one is made.
     delete editCurveAct;
@@ -649,8 +668,10 @@ void CurvePlot::createLegendContextMenu(QwtPlotCurve *curve, QContextMenuEvent *
             editCurveAttributes(curve);
     });
 
-    menu.addAction(editCurveAct);
-    menu.exec(event->globalPos());
+    menu->addAction(editCurveAct);
+    menu->exec(event->globalPos());
+    // The plot may be gone by now: nothing but the menu may be touched.
+    delete menu.data();
 }
 
 void CurvePlot::togglePlotItem(const QVariant &itemInfo, bool on, int index)
@@ -671,16 +692,22 @@ bool CurvePlot::editCurveAttributes(QwtPlotCurve *curve)
     if (!curve)
         return false;
 
-    CurveSettingDialog dialog(this);
+    // On the heap as the plot's child, so that it dies with a plot that the
+    // host deletes while it runs; then nothing of the plot may be touched.
+    const QPointer<CurveSettingDialog> dialog = new CurveSettingDialog(this);
     const QPen pen = curve->pen();
-    dialog.setLineAttributes(pen.style(), pen.width(), pen.color());
+    dialog->setLineAttributes(pen.style(), pen.width(), pen.color());
     if (const QwtSymbol *symbol = curve->symbol())
-        dialog.setSymbolAttributes(symbol->style(), symbol->size().width(), symbol->brush().color());
+        dialog->setSymbolAttributes(symbol->style(), symbol->size().width(), symbol->brush().color());
 
     // The dialog runs its own event loop, in which the host may delete the
     // curve; a curve that was attached and is no more is left alone.
     const bool attached = itemList(QwtPlotItem::Rtti_PlotCurve).contains(curve);
-    if (dialog.exec() != QDialog::Accepted)
+    const int result = dialog->exec();
+    if (!dialog)
+        return false;
+    const std::unique_ptr<CurveSettingDialog> owner(dialog.data());
+    if (result != QDialog::Accepted)
         return false;
     if (attached && !itemList(QwtPlotItem::Rtti_PlotCurve).contains(curve))
         return false;
@@ -688,11 +715,11 @@ bool CurvePlot::editCurveAttributes(QwtPlotCurve *curve)
     // A pen of the three values only: cap and join go back to those of a new
     // pen. Likewise the symbol takes one colour for brush and outline, and
     // is set also for "No Symbol".
-    curve->setPen(dialog.lineColor(), dialog.lineWidth(), static_cast<Qt::PenStyle>(dialog.lineStyle()));
-    const QColor symbolColor = dialog.symbolColor();
-    curve->setSymbol(new QwtSymbol(static_cast<QwtSymbol::Style>(dialog.symbolStyle()),
+    curve->setPen(dialog->lineColor(), dialog->lineWidth(), static_cast<Qt::PenStyle>(dialog->lineStyle()));
+    const QColor symbolColor = dialog->symbolColor();
+    curve->setSymbol(new QwtSymbol(static_cast<QwtSymbol::Style>(dialog->symbolStyle()),
                                    QBrush(symbolColor), QPen(symbolColor),
-                                   QSize(dialog.symbolSize(), dialog.symbolSize())));
+                                   QSize(dialog->symbolSize(), dialog->symbolSize())));
     replot();
     return true;
 }

@@ -24,6 +24,19 @@ bool isNullPoint(const QPointF &point)
     return point.x() == 0.0 && point.y() == 0.0;
 }
 
+bool isReadable(const QPointF &sample)
+{
+    return std::isfinite(sample.x()) && std::isfinite(sample.y());
+}
+
+QPointF readableSample(const QwtSeriesData<QPointF> *data, int index)
+{
+    if (!data || index < 0)
+        return QPointF(0.0, 0.0);
+    const QPointF sample = data->sample(size_t(index));
+    return isReadable(sample) ? sample : QPointF(0.0, 0.0);
+}
+
 int toPixel(double value, bool rounded)
 {
     if (std::isnan(value))
@@ -98,6 +111,21 @@ int stepIndex(const QwtSeriesData<QPointF> *data, double x, VoidPlot::ShiftDirec
         return index;
     };
 
+    // The first readable sample from index on in the step's way, else the
+    // nearest one behind it. Where the data has no gap this reads just the
+    // one sample.
+    const auto readableFrom = [data, size](int index, int way) {
+        for (int i = index; i >= 0 && i < size; i += way) {
+            if (isReadable(data->sample(size_t(i))))
+                return i;
+        }
+        for (int i = index - way; i >= 0 && i < size; i -= way) {
+            if (isReadable(data->sample(size_t(i))))
+                return i;
+        }
+        return -1;
+    };
+
     switch (direction) {
     case VoidPlot::ShiftLeft:
     case VoidPlot::ShiftRight: {
@@ -106,12 +134,13 @@ int stepIndex(const QwtSeriesData<QPointF> *data, double x, VoidPlot::ShiftDirec
         // may thus pass over it.
         if (index < 0)
             index = SampleSearch::closestSampleIndex(data, x, SampleSearch::ClosestByBisection);
-        return clamped(direction == VoidPlot::ShiftLeft ? index - 1 : index + 1);
+        return direction == VoidPlot::ShiftLeft ? readableFrom(clamped(index - 1), -1)
+                                                : readableFrom(clamped(index + 1), 1);
     }
     case VoidPlot::ShiftHome:
-        return 0;
+        return readableFrom(0, 1);
     case VoidPlot::ShiftEnd:
-        return size - 1;
+        return readableFrom(size - 1, -1);
     }
     return -1;
 }

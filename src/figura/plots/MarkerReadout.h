@@ -26,6 +26,16 @@ namespace MarkerReadout {
 // which takes 1e-13 for zero; NaN is not zero.
 bool isNullPoint(const QPointF &point);
 
+// Whether a sample has a place on the canvas: both coordinates finite. The
+// read-outs treat any other sample as they treat the null point, as no
+// sample, so that no marker stands at a NaN or an infinity and no label reads
+// "nan" where a host's data has a gap.
+bool isReadable(const QPointF &sample);
+
+// The sample at index, or the null point for a negative index and for a
+// sample that is not readable.
+QPointF readableSample(const QwtSeriesData<QPointF> *data, int index);
+
 // A pixel position as int, rounded or truncated as the caller says. NaN
 // gives 0; values beyond the int range, which a far zoom can give, are
 // clamped.
@@ -59,7 +69,9 @@ int labelWidth(const QwtText &label, const QString &text);
 // x with at least one sample: Home the first, End the last, Left and Right
 // the neighbour of the sample at x, or, where no sample has exactly x, of the
 // nearest one, so that a step may pass over it. The walk stops at the ends.
-// -1 for an unknown direction.
+// A step passes over samples that are not readable, in its direction, and
+// where none is left that way, it stays on the nearest readable one behind.
+// -1 for an unknown direction and for a series without a readable sample.
 int stepIndex(const QwtSeriesData<QPointF> *data, double x, VoidPlot::ShiftDirection direction);
 
 // Puts the mouse pointer on the bottom edge of canvas in the column pixel, so

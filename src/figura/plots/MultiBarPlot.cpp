@@ -11,6 +11,7 @@
 #include <QMouseEvent>
 #include <QPalette>
 #include <QPen>
+#include <QPointer>
 #include <QVariant>
 
 #include <qwt_column_symbol.h>
@@ -214,7 +215,12 @@ void MultiBarPlot::updateMultiBarChart(QList<QwtSetSample> *samples, const QList
 
 bool MultiBarPlot::eventFilter(QObject *watched, QEvent *event)
 {
+    // The frame may run the context menu inside this call, and the host may
+    // delete the plot while the menu is open: then the event goes no further.
+    const QPointer<QObject> alive(this);
     VoidPlot::eventFilter(watched, event);
+    if (!alive)
+        return true;
 
     if (watched != canvas() || event->type() != QEvent::MouseMove)
         return false;

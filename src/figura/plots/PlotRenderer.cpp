@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QImageWriter>
 #include <QPainter>
+#include <QPointer>
 #include <QStringList>
 
 #include <qwt_plot.h>
@@ -60,9 +61,12 @@ bool PlotRenderer::exportPlot(QwtPlot *plot, const QString &documentName, const 
         lastDirectory = documentInfo.path();
     }
 
+    // The file dialog has no parent and runs its own event loop, in which the
+    // host may delete the plot: then there is nothing left to export.
+    const QPointer<QwtPlot> alive(plot);
     fileName = QFileDialog::getSaveFileName(nullptr, tr("Export File Name"), fileName,
                                             filters.join(QStringLiteral(";;")), &selectedFilter);
-    if (fileName.isEmpty())
+    if (fileName.isEmpty() || !alive)
         return false;
 
     const QFileInfo target(fileName);

@@ -10,6 +10,7 @@
 #include <QDateTime>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 
 #include <qwt_plot_grid.h>
 #include <qwt_scale_div.h>
@@ -325,7 +326,12 @@ void TimeCurvePlot::keyPressEvent(QKeyEvent *event)
 
 bool TimeCurvePlot::eventFilter(QObject *watched, QEvent *event)
 {
+    // The frame may run the context menu inside this call, and the host may
+    // delete the plot while the menu is open: then the event goes no further.
+    const QPointer<QObject> alive(this);
     CurvePlot::eventFilter(watched, event);
+    if (!alive)
+        return true;
 
     if (watched != canvas())
         return false;

@@ -19,6 +19,7 @@
 #include <QMouseEvent>
 #include <QPalette>
 #include <QPen>
+#include <QPointer>
 #include <QTimer>
 #include <QVariant>
 
@@ -38,6 +39,7 @@
 
 #include <cmath>
 #include <limits>
+#include <memory>
 
 namespace {
 
@@ -630,8 +632,18 @@ bool VoidPlot::eventFilter(QObject *watched, QEvent *event)
             contextMenuPending = true;
             return false;
         }
-        if (withinClickTolerance(pressPosition, menuEvent->x(), menuEvent->y()))
+        if (withinClickTolerance(pressPosition, menuEvent->x(), menuEvent->y())) {
+            // The menu runs its own event loop, in which the host may delete
+            // the plot and the canvas with it. The event must not travel on
+            // to a dead receiver: take it here, accepted, so that Qt neither
+            // delivers nor propagates it any further.
+            const QPointer<QObject> receiver(watched);
             createContextMenu(static_cast<QContextMenuEvent *>(event));
+            if (!receiver) {
+                event->accept();
+                return true;
+            }
+        }
         return false;
     }
 
@@ -1288,64 +1300,73 @@ void VoidPlot::createContextMenu(QContextMenuEvent *event)
             menu.addAction(action);
     };
 
-    // Local menus, built afresh from the actions each time; the submenus die
-    // before their parent as the function returns.
-    QMenu contextMenu(this);
-    contextMenu.setObjectName(QStringLiteral("contextMenu"));
+    // Built afresh from the actions each time, on the heap and not as a local,
+    // because a host may delete the plot while exec() runs, even from a slot
+    // that an entry of the menu started. Qt still works on a menu while it
+    // activates an entry, so the menu must outlive the plot then: it leaves
+    // the dying plot, closes, and is deleted here once exec() has returned.
+    const QPointer<QMenu> contextMenu = new QMenu(this);
+    contextMenu->setObjectName(QStringLiteral("contextMenu"));
+    connect(this, &QObject::destroyed, contextMenu, [menu = contextMenu.data()] {
+        menu->setParent(nullptr, menu->windowFlags());
+        menu->close();
+    });
 
     if (has(MenuFullZoom))
-        add(contextMenu, fullZoomAct);
+        add(*contextMenu, fullZoomAct);
 
-    QMenu customScaleMenu(tr("Custom Scale"), &contextMenu);
-    customScaleMenu.setObjectName(QStringLiteral("customScaleMenu"));
+    auto *customScaleMenu = new QMenu(tr("Custom Scale"), contextMenu);
+    customScaleMenu->setObjectName(QStringLiteral("customScaleMenu"));
     if (has(MenuEditCustomScale)) {
-        add(customScaleMenu, editCustomScaleAct);
-        loadCustomScaleMenu(customScaleMenu);
-        contextMenu.addMenu(&customScaleMenu);
+        add(*customScaleMenu, editCustomScaleAct);
+        loadCustomScaleMenu(*customScaleMenu);
+        contextMenu->addMenu(customScaleMenu);
     }
 
     if (has(MenuLogScale))
-        add(contextMenu, logScaleAct);
+        add(*contextMenu, logScaleAct);
     if (has(MenuLogScale | MenuFullZoom | MenuEditCustomScale))
-        contextMenu.addSeparator();
+        contextMenu->addSeparator();
 
     if (has(MenuDragZoom))
-        add(contextMenu, dragZoomAct);
+        add(*contextMenu, dragZoomAct);
     if (has(MenuPeakLabel))
-        add(contextMenu, peakLabelAct);
+        add(*contextMenu, peakLabelAct);
     if (has(MenuAutoScroll))
-        add(contextMenu, autoScrollAct);
+        add(*contextMenu, autoScrollAct);
     if (has(MenuDragZoom | MenuAutoScroll | MenuPeakLabel))
-        contextMenu.addSeparator();
+        contextMenu->addSeparator();
 
     if (has(MenuCustomPlot)) {
-        add(contextMenu, customPlotAct);
-        contextMenu.addSeparator();
+        add(*contextMenu, customPlotAct);
+        contextMenu->addSeparator();
     }
 
-    QMenu copyMenu(tr("Copy to Clipboard"), &contextMenu);
-    copyMenu.setIcon(QIcon(QStringLiteral(":/images/clipboard.png")));
-    copyMenu.setObjectName(QStringLiteral("copyToClipboardMenu"));
+    auto *copyMenu = new QMenu(tr("Copy to Clipboard"), contextMenu);
+    copyMenu->setIcon(QIcon(QStringLiteral(":/images/clipboard.png")));
+    copyMenu->setObjectName(QStringLiteral("copyToClipboardMenu"));
     if (has(MenuPlotImageToClipboard))
-        add(copyMenu, plotImgToClipboardAct);
+        add(*copyMenu, plotImgToClipboardAct);
     if (has(MenuTextDataToClipboard))
-        add(copyMenu, textDataToClipboardAct);
-    if (!copyMenu.isEmpty())
-        contextMenu.addMenu(&copyMenu);
+        add(*copyMenu, textDataToClipboardAct);
+    if (!copyMenu->isEmpty())
+        contextMenu->addMenu(copyMenu);
 
-    QMenu exportMenu(tr("Export to File"), &contextMenu);
-    exportMenu.setIcon(QIcon(QStringLiteral(":/images/file.png")));
-    exportMenu.setObjectName(QStringLiteral("exportToFileMenu"));
+    auto *exportMenu = new QMenu(tr("Export to File"), contextMenu);
+    exportMenu->setIcon(QIcon(QStringLiteral(":/images/file.png")));
+    exportMenu->setObjectName(QStringLiteral("exportToFileMenu"));
     if (has(MenuPlotImageToFile))
-        add(exportMenu, plotImgToFileAct);
+        add(*exportMenu, plotImgToFileAct);
     if (has(MenuTextDataToFile))
-        add(exportMenu, textDataToFileAct);
-    if (!exportMenu.isEmpty())
-        contextMenu.addMenu(&exportMenu);
+        add(*exportMenu, textDataToFileAct);
+    if (!exportMenu->isEmpty())
+        contextMenu->addMenu(exportMenu);
 
-    appendContextMenu(contextMenu);
+    appendContextMenu(*contextMenu);
 
-    contextMenu.exec(event->globalPos());
+    contextMenu->exec(event->globalPos());
+    // The plot may be gone by now: nothing but the menu may be touched.
+    delete contextMenu.data();
 }
 
 void VoidPlot::copyTextDataToClipboard()
@@ -1383,12 +1404,19 @@ void VoidPlot::exportImageToFile()
 
 void VoidPlot::editPlotSetting()
 {
-    PlotSettingsDialog dialog(this);
-    setPlotSettingDialogHelper(&dialog);
-    loadToPlotSettingDialog(dialog);
-    if (dialog.exec() != QDialog::Accepted)
+    // A child of the plot on the heap, not a local: if the host deletes the
+    // plot while the dialog runs, the dialog dies with it, exec() returns, and
+    // nothing of the plot may be touched after that.
+    const QPointer<PlotSettingsDialog> dialog = new PlotSettingsDialog(this);
+    setPlotSettingDialogHelper(dialog);
+    loadToPlotSettingDialog(*dialog);
+    const int result = dialog->exec();
+    if (!dialog)
         return;
-    saveFromPlotSettingDialog(dialog);
+    const std::unique_ptr<PlotSettingsDialog> owner(dialog.data());
+    if (result != QDialog::Accepted)
+        return;
+    saveFromPlotSettingDialog(*dialog);
     replot();
 }
 
@@ -1558,28 +1586,39 @@ void VoidPlot::editCustomScale()
         yRightUpper = yRightDiv.upperBound();
     }
 
-    CustomScaleDialog dialog(xScaleType, xDiv.lowerBound(), xDiv.upperBound(), yDiv.lowerBound(),
-                             yDiv.upperBound(), yRightLower, yRightUpper, this);
-    setCustomScaleDialogHelper(&dialog);
-    if (dialog.exec() != QDialog::Accepted)
+    // On the heap as the plot's child, as in editPlotSetting(): the dialog
+    // dies with a plot that the host deletes while it runs.
+    const QPointer<CustomScaleDialog> dialog =
+        new CustomScaleDialog(xScaleType, xDiv.lowerBound(), xDiv.upperBound(), yDiv.lowerBound(),
+                              yDiv.upperBound(), yRightLower, yRightUpper, this);
+    setCustomScaleDialogHelper(dialog);
+    const int result = dialog->exec();
+    if (!dialog)
+        return;
+    const std::unique_ptr<CustomScaleDialog> owner(dialog.data());
+    if (result != QDialog::Accepted)
         return;
 
-    const double xLower = dialog.xLower();
-    const double xUpper = dialog.xUpper();
-    const double yLower = dialog.yLower();
-    const double yUpper = dialog.yUpper();
+    const double xLower = dialog->xLower();
+    const double xUpper = dialog->xUpper();
+    const double yLower = dialog->yLower();
+    const double yUpper = dialog->yUpper();
     setAxisScale(QwtPlot::xBottom, xLower, xUpper, 0.0);
     setAxisScale(QwtPlot::yLeft, yLower, yUpper, 0.0);
     if (isAxisVisible(QwtPlot::yRight)) {
-        yRightLower = dialog.yRightLower();
-        yRightUpper = dialog.yRightUpper();
+        yRightLower = dialog->yRightLower();
+        yRightUpper = dialog->yRightUpper();
         setAxisScale(QwtPlot::yRight, yRightLower, yRightUpper, 0.0);
     }
     customScalePostProcess();
     replotTimer->start();
 
-    if (customScaleSettings)
+    if (customScaleSettings) {
+        // A host may call this before any menu has read the store; adding to
+        // a list never read would replace the user's stored scales.
+        customScaleSettings->load();
         customScaleSettings->add(xLower, xUpper, yLower, yUpper, yRightLower, yRightUpper);
+    }
 }
 
 void VoidPlot::loadCustomScaleMenu(QMenu &menu)
