@@ -25,7 +25,10 @@ built=$(date +%s)
 
 source "$ROOT/scripts/sanitizer-env.sh"
 status=0
-(cd "$BUILD_DIR" && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$JOBS" --timeout 600) || status=$?
+# The package test installs and builds a host program, which sanitizers
+# have nothing to add to; `make test` runs it.
+(cd "$BUILD_DIR" && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$JOBS" \
+  -E '^package_') || status=$?
 done_at=$(date +%s)
 
 echo "test-sanitize: build $((built - start)) s, tests $((done_at - built)) s"

@@ -14,8 +14,8 @@
 #include <QTemporaryDir>
 
 #include <cmath>
+#include <cstdlib>
 #include <limits>
-#include <memory>
 
 namespace {
 
@@ -26,19 +26,19 @@ const QString Organization = QStringLiteral("FiguraFuzz");
 // file traffic of thousands of inputs a second off the disk where it exists.
 QTemporaryDir &settingsDir()
 {
-    static QTemporaryDir *dir = [] {
-        const QString base = QDir(QStringLiteral("/dev/shm")).exists()
-            ? QStringLiteral("/dev/shm/figura-fuzz-XXXXXX")
-            : QDir::tempPath() + QStringLiteral("/figura-fuzz-XXXXXX");
-        auto *d = new QTemporaryDir(base);
+    static QTemporaryDir dir(QDir(QStringLiteral("/dev/shm")).exists()
+                                 ? QStringLiteral("/dev/shm/figura-fuzz-XXXXXX")
+                                 : QDir::tempPath() + QStringLiteral("/figura-fuzz-XXXXXX"));
+    static const bool pointed = [] {
         for (auto format : {QSettings::NativeFormat, QSettings::IniFormat})
             for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
-                QSettings::setPath(format, scope, d->path());
+                QSettings::setPath(format, scope, dir.path());
         QCoreApplication::setOrganizationName(Organization);
-        QDir(d->path()).mkpath(Organization);
-        return d;
+        return QDir(dir.path()).mkpath(Organization);
     }();
-    return *dir;
+    if (!dir.isValid() || !pointed)
+        std::abort();
+    return dir;
 }
 
 QByteArray describe(const CustomScaleItem &item)

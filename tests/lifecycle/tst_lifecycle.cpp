@@ -31,7 +31,9 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include <qwt_abstract_legend.h>
 #include <qwt_column_symbol.h>
+#include <qwt_legend_label.h>
 #include <qwt_plot_barchart.h>
 #include <qwt_plot_curve.h>
 #include <qwt_plot_marker.h>
@@ -68,16 +70,33 @@ QwtPlotCurve *someCurve(int round, int index, double xStep)
     return curve;
 }
 
-// Three curves, one without a series marker, and one of them removed again.
-void fillCurves(CurvePlot *plot, int round, double xStep)
+// A host's subclass of a curve plot, since binding a curve to its legend
+// entry is protected.
+template <class Plot>
+class HostCurvePlot : public Plot
 {
-    plot->enableLegend(QwtPlot::RightLegend);
+public:
+    using Plot::Plot;
+    void appendWithLegend(QwtPlotCurve *curve, bool hasMarker)
+    {
+        this->appendCurve(curve, hasMarker);
+        this->setLegend(curve);
+    }
+};
+
+// Three curves in the legend, one without a series marker, and one of them
+// removed again.
+template <class Plot>
+void fillCurves(VoidPlot *plot, int round, double xStep)
+{
+    auto *curvePlot = static_cast<HostCurvePlot<Plot> *>(plot);
+    curvePlot->enableLegend(QwtPlot::RightLegend);
     for (int i = 0; i < 3; ++i)
-        plot->appendCurve(someCurve(round, i, xStep), i != 1);
-    plot->setLineAttributes(0, Qt::DashLine, 2, Qt::darkGreen);
-    plot->setSymbolAttributes(0, QwtSymbol::Rect, 6, Qt::blue);
-    plot->removeCurve(round % 3);
-    plot->appendCurve(someCurve(round, 3, xStep), true);
+        curvePlot->appendWithLegend(someCurve(round, i, xStep), i != 1);
+    curvePlot->setLineAttributes(0, Qt::DashLine, 2, Qt::darkGreen);
+    curvePlot->setSymbolAttributes(0, QwtSymbol::Rect, 6, Qt::blue);
+    curvePlot->removeCurve(round % 3);
+    curvePlot->appendWithLegend(someCurve(round, 3, xStep), true);
 }
 
 // Two bar charts, one removed again.
@@ -109,16 +128,16 @@ QList<PlotKind> plotKinds()
          [](QWidget *host) { return new VoidPlot(host); },
          [](VoidPlot *plot, int round) { someCurve(round, 0, 1.0)->attach(plot); }},
         {"CurvePlot",
-         [](QWidget *host) { return new CurvePlot(host); },
-         [](VoidPlot *plot, int round) { fillCurves(static_cast<CurvePlot *>(plot), round, 1.0); }},
+         [](QWidget *host) { return new HostCurvePlot<CurvePlot>(host); },
+         [](VoidPlot *plot, int round) { fillCurves<CurvePlot>(plot, round, 1.0); }},
         {"TimeCurvePlot",
-         [](QWidget *host) { return new TimeCurvePlot(host); },
+         [](QWidget *host) { return new HostCurvePlot<TimeCurvePlot>(host); },
          [](VoidPlot *plot, int round) {
              auto *timePlot = static_cast<TimeCurvePlot *>(plot);
              const QDateTime reference(QDate(2024, 3, 31), QTime(1, 30));
              timePlot->setReferenceTime(&reference);
              timePlot->setTimeFormat(round % 2 ? 2 : 1);
-             fillCurves(timePlot, round, 6.0);
+             fillCurves<TimeCurvePlot>(plot, round, 6.0);
          }},
         {"BarPlot",
          [](QWidget *host) { return new BarPlot(host); },
@@ -257,6 +276,17 @@ void tst_Lifecycle::driveOnce(VoidPlot *plot, Closer &closer)
     QTest::mouseClick(plot->window()->windowHandle(), Qt::RightButton, Qt::NoModifier,
                       canvas->mapTo(plot->window(), centre));
     QTRY_VERIFY(closer.menus > menusBefore);
+
+    // Legend entries switch their item on a click and have a menu of their
+    // own in curve plots.
+    if (QwtAbstractLegend *legend = plot->legend()) {
+        const QList<QwtLegendLabel *> labels = legend->findChildren<QwtLegendLabel *>();
+        for (QwtLegendLabel *label : labels) {
+            QTest::mouseClick(label, Qt::LeftButton);
+            QTest::mouseClick(label, Qt::LeftButton);
+            contextMenu(label, label->rect().center());
+        }
+    }
 
     // Actions with a dialog run it modally; the closer cancels it. Toggles
     // are triggered twice, so that each round starts from the same state.
