@@ -58,6 +58,15 @@ public:
     using AxisSettingsTab::defaultAxisTitle;
     using AxisSettingsTab::defaultTickLabel;
     using AxisSettingsTab::plot;
+
+    // Reads protected members of a tab made by the panel. A cast of that tab
+    // to OpenTab would name an object of a type it is not.
+    static int axisIdOf(const AxisSettingsTab *tab) { return tab->*(&OpenTab::axisId); }
+    static int defaultAxisScaleOf(const AxisSettingsTab *tab)
+    {
+        return tab->*(&OpenTab::defaultAxisScale);
+    }
+    static auto plotOf(const AxisSettingsTab *tab) { return tab->*(&OpenTab::plot); }
 };
 
 class OpenPanel : public AxisSettingsPanel
@@ -374,9 +383,8 @@ void tst_AxisSettingsPanel::tabsMapHoldsAllFourAxes()
     QCOMPARE(panel.tabs.value(QwtPlot::yLeft), panel.yLeftTab);
     QCOMPARE(panel.tabs.value(QwtPlot::yRight), nullptr);
     QCOMPARE(panel.tabs.value(QwtPlot::xTop), nullptr);
-    auto *bottom = static_cast<OpenTab *>(panel.xBottomTab);
-    QCOMPARE(bottom->axisId, int(QwtPlot::xBottom));
-    QCOMPARE(bottom->plot, &plot);
+    QCOMPARE(OpenTab::axisIdOf(panel.xBottomTab), int(QwtPlot::xBottom));
+    QCOMPARE(OpenTab::plotOf(panel.xBottomTab), &plot);
 }
 
 void tst_AxisSettingsPanel::axisWithoutTabIsANoOp()
@@ -433,7 +441,7 @@ void tst_AxisSettingsPanel::defaultScaleIsLogarithmicUntilSetDefaultAxisScale()
     plot.setAxisVisible(QwtPlot::yRight, true);
     OpenPanel panel(&plot);
     for (AxisSettingsTab *tab : {panel.xBottomTab, panel.yLeftTab, panel.yRightTab}) {
-        QCOMPARE(static_cast<OpenTab *>(tab)->defaultAxisScale, 1);
+        QCOMPARE(OpenTab::defaultAxisScaleOf(tab), 1);
         QVERIFY(child<QRadioButton>(*tab, QStringLiteral("logRadioButton"))->isChecked());
         QVERIFY(!child<QRadioButton>(*tab, QStringLiteral("linearRadioButton"))->isChecked());
         QCOMPARE(tab->axisScale(), 1);

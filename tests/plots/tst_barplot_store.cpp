@@ -143,8 +143,8 @@ void tst_BarPlotStore::seriesMarkerTakesFrameMarkerColourAndWidth()
 
 void tst_BarPlotStore::removeBarChartKeepsListsSideBySide()
 {
-    BarPlotProbe plot;
     int deaths = 0;
+    BarPlotProbe plot;
     auto *first = new TracedBarChart(QStringLiteral("a"), &deaths);
     auto *second = new TracedBarChart(QStringLiteral("b"), &deaths);
     plot.appendBarChart(first, false);
@@ -169,8 +169,8 @@ void tst_BarPlotStore::removeBarChartOutOfRangeChangesNothing_data()
 void tst_BarPlotStore::removeBarChartOutOfRangeChangesNothing()
 {
     QFETCH(int, index);
-    BarPlotProbe plot;
     int deaths = 0;
+    BarPlotProbe plot;
     plot.appendBarChart(new TracedBarChart(QStringLiteral("a"), &deaths), true);
     plot.appendBarChart(new TracedBarChart(QStringLiteral("b"), &deaths), true);
     plot.removeBarChart(index);
@@ -198,8 +198,8 @@ void tst_BarPlotStore::removingLastMarkerHidesFrameMarkerOnlyWhenListIsEmpty()
 
 void tst_BarPlotStore::removeBarChartsDeletesAllAndHidesFrameMarker()
 {
-    BarPlotProbe plot;
     int deaths = 0;
+    BarPlotProbe plot;
     for (int i = 0; i < 3; ++i)
         plot.appendBarChart(new TracedBarChart(QString::number(i), &deaths), i != 1);
     plot.marker->setVisible(true);

@@ -148,8 +148,8 @@ void tst_CurvePlotStore::appendTakesCurveAsIsAndAttachesIt()
 
 void tst_CurvePlotStore::removeFirstOfMixedCurvesLeavesMarkerOfOther()
 {
-    CurvePlotProbe plot;
     int deaths = 0;
+    CurvePlotProbe plot;
     auto *curve = new TracedCurve(QStringLiteral("curve"), &deaths);
     QwtPlotCurve *other = simpleCurve(QStringLiteral("other"));
     plot.appendCurve(curve, false);
@@ -185,8 +185,8 @@ void tst_CurvePlotStore::frameMarkerHiddenOnlyOnceNoEntryIsLeft()
 
 void tst_CurvePlotStore::removeCurveOutOfRangeChangesNothing()
 {
-    CurvePlotProbe plot;
     int deaths = 0;
+    CurvePlotProbe plot;
     plot.appendCurve(new TracedCurve(QStringLiteral("a"), &deaths), true);
     plot.marker->setVisible(true);
     plot.removeCurve(-1);
@@ -199,8 +199,8 @@ void tst_CurvePlotStore::removeCurveOutOfRangeChangesNothing()
 
 void tst_CurvePlotStore::removeCurveNeverAppendedDeletesNothing()
 {
-    CurvePlotProbe plot;
     int deaths = 0;
+    CurvePlotProbe plot;
     plot.appendCurve(new TracedCurve(QStringLiteral("kept"), &deaths), true);
     auto *stranger = new TracedCurve(QStringLiteral("stranger"), &deaths);
     plot.removeCurve(stranger);
@@ -215,8 +215,8 @@ void tst_CurvePlotStore::removeCurveNeverAppendedDeletesNothing()
 
 void tst_CurvePlotStore::removeCurveByPointerRemovesItsMarker()
 {
-    CurvePlotProbe plot;
     int deaths = 0;
+    CurvePlotProbe plot;
     QwtPlotCurve *first = simpleCurve(QStringLiteral("first"));
     auto *second = new TracedCurve(QStringLiteral("second"), &deaths);
     QwtPlotCurve *third = simpleCurve(QStringLiteral("third"));
@@ -239,8 +239,8 @@ void tst_CurvePlotStore::removeCurveByPointerRemovesItsMarker()
 
 void tst_CurvePlotStore::removeCurvesDeletesAllAndLeavesSelectionMarker()
 {
-    CurvePlotProbe plot;
     int deaths = 0;
+    CurvePlotProbe plot;
     for (int i = 0; i < 3; ++i)
         plot.appendCurve(new TracedCurve(QString::number(i), &deaths), i != 1);
     plot.marker->setVisible(true);
