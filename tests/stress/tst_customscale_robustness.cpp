@@ -85,6 +85,7 @@ private slots:
     void unreadableFileStillTakesNewScales_data();
     void unreadableFileStillTakesNewScales();
     void unwritableSettingsKeepTheListInMemory();
+    void addWithoutLoadLeavesNoOldEntryBehindASubgroupSection();
 
     void storesAddingInTurnsKeepEveryEntry();
     void storesAddingInTurnsBeyondTheLimitKeepTheMostRecent();
@@ -182,6 +183,13 @@ void tst_CustomScaleRobustness::damagedFileLoadsEveryReadableEntry_data()
     QTest::newRow("entries beside the other list")
         << "[Plot]\n" + first + "CustomScales\\TimeScale\\1\\ScaleName=time\n" + second + third
         << all;
+    // QSettings parses an INI file's sections only when a key asks for them,
+    // and looks at a single section for it; "Plot/Axis" sorts between "Plot"
+    // and the list's keys.
+    QTest::newRow("a later section of a subgroup")
+        << "[Plot]\n" + first + second + third + "\n[Plot%2FAxis]\nwidth=2\n" << all;
+    QTest::newRow("a section of a subgroup between the entries")
+        << "[Plot]\n" + first + "[Plot%2FCusto1]\nwidth=2\n[Plot]\n" + second + third << all;
 }
 
 void tst_CustomScaleRobustness::damagedFileLoadsEveryReadableEntry()
@@ -229,6 +237,20 @@ void tst_CustomScaleRobustness::addAfterDamagedLoadKeepsReadableEntries()
     QCOMPARE(namesOf(again), expected);
     addMass(again, 8, 80);
     QCOMPARE(storedNames(), QStringList{massName(8, 80)} + expected.mid(0, 4));
+}
+
+void tst_CustomScaleRobustness::addWithoutLoadLeavesNoOldEntryBehindASubgroupSection()
+{
+    // A store that never loaded starts a new list; the entries of the old one
+    // must go even where a section of a subgroup hides them from a lookup.
+    writeSettingsFile("[Plot]\n"
+                      "CustomScales\\MassScale\\1\\ScaleName=old one\n"
+                      "CustomScales\\MassScale\\2\\ScaleName=old two\n"
+                      "CustomScales\\MassScale\\size=2\n"
+                      "\n[Plot%2FAxis]\nwidth=2\n");
+    CustomScaleSettings store(CustomScale::MassScale);
+    addMass(store, 7, 70);
+    QCOMPARE(storedNames(), QStringList{massName(7, 70)});
 }
 
 void tst_CustomScaleRobustness::unreadableFileStillTakesNewScales_data()

@@ -143,6 +143,7 @@ void CustomScaleSettings::add(double xLower, double xUpper, double yLower, doubl
 void CustomScaleSettings::load()
 {
     clearItems();
+    parseWholeFile();
 
     const QString prefix = arrayPrefix();
 
@@ -187,6 +188,7 @@ void CustomScaleSettings::save()
 {
     if (itemsValue.isEmpty())
         return;
+    parseWholeFile();
 
     const QString prefix = arrayPrefix();
     beginWriteArray(prefix);
@@ -257,6 +259,13 @@ bool CustomScaleSettings::holdsEntryKey(const QString &group)
             return true;
     }
     return false;
+}
+
+void CustomScaleSettings::parseWholeFile()
+{
+    // Only a listing of the top level parses all sections; our groups are
+    // always closed between calls, so this is the top level.
+    static_cast<void>(childGroups());
 }
 
 QString CustomScaleSettings::arrayPrefix() const

@@ -103,6 +103,12 @@ private:
     // holds at least one key of an entry.
     bool holdsEntryKey(const QString &group);
 
+    // Makes QSettings parse every section of the file now. It parses an INI
+    // section only when a key asks for it, and for a key inside a group it
+    // tries a single section: "[Plot%2FAxis]" sorts between "[Plot]" and the
+    // list's keys and would hide the whole list.
+    void parseWholeFile();
+
     // Set once the list has been read from or written to the settings. From
     // then on add() starts from the stored list, so that what another store
     // of the same kind saved in the meantime is kept.
