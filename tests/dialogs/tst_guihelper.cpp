@@ -7,12 +7,15 @@
 #include <QFontDialog>
 #include <QFontInfo>
 #include <QImage>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
+
+#include <qwt_text.h>
 
 using TestSupport::WhenShown;
 
@@ -50,6 +53,16 @@ private slots:
     void chooseButtonFontWithoutFontStringStartsFromDefaultFont();
     void chooseButtonFontKeepsAcceptedFont();
     void chooseButtonFontCancelledLeavesButton();
+
+    void buttonFontReadsTheHeldFont();
+    void buttonFontKeepsCurrentWhenTheButtonHoldsTheSameOrNothing();
+    void buttonColorReadsTheNamedColour();
+    void buttonColorKeepsCurrentAlphaWhenTheNameIsTheSame();
+    void showFontAndColorLeavesColourButtonForInvalidColour();
+    void showTitleFillsEditAndButtons();
+    void editedTitleWithoutChangesIsTheTitle();
+    void editedTitleTakesEditedTextFontAndColour();
+    void editedTitleKeepsMissingColourWhileButtonShowsPaintedColour();
 
 private:
     QTemporaryDir m_cfg;
@@ -344,6 +357,128 @@ void tst_GuiHelper::chooseButtonFontCancelledLeavesButton()
     QCOMPARE(button.text(), text);
     QCOMPARE(button.font(), font);
     QCOMPARE(button.property("fontString").toString(), fontString);
+}
+
+void tst_GuiHelper::buttonFontReadsTheHeldFont()
+{
+    QPushButton button;
+    GuiHelper::setButtonFont(&button, someFont());
+    QCOMPARE(GuiHelper::buttonFont(&button, QFont()).toString(), someFont().toString());
+}
+
+void tst_GuiHelper::buttonFontKeepsCurrentWhenTheButtonHoldsTheSameOrNothing()
+{
+    QPushButton button;
+    QFont current = someFont();
+    current.setHintingPreference(QFont::PreferNoHinting); // not in toString()
+    QCOMPARE(GuiHelper::buttonFont(&button, current).hintingPreference(),
+             QFont::PreferNoHinting);
+    QCOMPARE(GuiHelper::buttonFont(nullptr, current).hintingPreference(),
+             QFont::PreferNoHinting);
+
+    GuiHelper::setButtonFont(&button, someFont());
+    QCOMPARE(GuiHelper::buttonFont(&button, current).hintingPreference(),
+             QFont::PreferNoHinting);
+}
+
+void tst_GuiHelper::buttonColorReadsTheNamedColour()
+{
+    QToolButton button;
+    QCOMPARE(GuiHelper::buttonColor(&button, Qt::blue), QColor(Qt::blue));
+    GuiHelper::setButtonColor(&button, QColor(1, 2, 3));
+    QCOMPARE(GuiHelper::buttonColor(&button, Qt::blue), QColor(1, 2, 3));
+    QCOMPARE(GuiHelper::buttonColor(&button, QColor()), QColor(1, 2, 3));
+    button.setText(QStringLiteral("no colour"));
+    QVERIFY(!GuiHelper::buttonColor(&button, Qt::blue).isValid());
+}
+
+void tst_GuiHelper::buttonColorKeepsCurrentAlphaWhenTheNameIsTheSame()
+{
+    QToolButton button;
+    GuiHelper::setButtonColor(&button, QColor(1, 2, 3));
+    const QColor translucent(1, 2, 3, 100);
+    QCOMPARE(GuiHelper::buttonColor(&button, translucent).alpha(), 100);
+}
+
+void tst_GuiHelper::showFontAndColorLeavesColourButtonForInvalidColour()
+{
+    QPushButton fontButton;
+    QToolButton colorButton;
+    GuiHelper::showFontAndColor(someFont(), Qt::red, &fontButton, &colorButton);
+    QCOMPARE(fontButton.property("fontString").toString(), someFont().toString());
+    QCOMPARE(colorButton.text(), QStringLiteral("#ff0000"));
+
+    GuiHelper::showFontAndColor(QFont(), QColor(), &fontButton, &colorButton);
+    QCOMPARE(fontButton.property("fontString").toString(), QFont().toString());
+    QCOMPARE(colorButton.text(), QStringLiteral("#ff0000"));
+    GuiHelper::showFontAndColor(QFont(), Qt::red, nullptr, nullptr);
+}
+
+void tst_GuiHelper::showTitleFillsEditAndButtons()
+{
+    QLineEdit edit;
+    QPushButton fontButton;
+    QToolButton colorButton;
+    QwtText title(QStringLiteral("Pressure"));
+    title.setFont(someFont());
+    title.setColor(QColor(0, 128, 0));
+
+    GuiHelper::showTitle(title, &edit, &fontButton, &colorButton);
+    QCOMPARE(edit.text(), QStringLiteral("Pressure"));
+    QCOMPARE(fontButton.property("fontString").toString(), someFont().toString());
+    QCOMPARE(colorButton.text(), QStringLiteral("#008000"));
+}
+
+void tst_GuiHelper::editedTitleWithoutChangesIsTheTitle()
+{
+    QLineEdit edit;
+    QPushButton fontButton;
+    QToolButton colorButton;
+    QwtText title(QStringLiteral("<b>Current</b>"), QwtText::RichText);
+    title.setFont(someFont());
+    title.setColor(QColor(0, 0, 255, 90));
+    title.setRenderFlags(Qt::AlignLeft);
+
+    GuiHelper::showTitle(title, &edit, &fontButton, &colorButton);
+    const QwtText edited = GuiHelper::editedTitle(title, &edit, &fontButton, &colorButton);
+    QCOMPARE(edited, title);
+    QCOMPARE(edited.color().alpha(), 90);
+}
+
+void tst_GuiHelper::editedTitleTakesEditedTextFontAndColour()
+{
+    QLineEdit edit;
+    QPushButton fontButton;
+    QToolButton colorButton;
+    QwtText title(QStringLiteral("Current"));
+    title.setRenderFlags(Qt::AlignLeft);
+    GuiHelper::showTitle(title, &edit, &fontButton, &colorButton);
+
+    edit.setText(QStringLiteral("Current [A]"));
+    GuiHelper::setButtonFont(&fontButton, someFont());
+    GuiHelper::setButtonColor(&colorButton, QColor(200, 0, 0));
+    const QwtText edited = GuiHelper::editedTitle(title, &edit, &fontButton, &colorButton);
+    QCOMPARE(edited.text(), QStringLiteral("Current [A]"));
+    QCOMPARE(edited.font().toString(), someFont().toString());
+    QCOMPARE(edited.color(), QColor(200, 0, 0));
+    QVERIFY(edited.testPaintAttribute(QwtText::PaintUsingTextFont));
+    QVERIFY(edited.testPaintAttribute(QwtText::PaintUsingTextColor));
+    QCOMPARE(edited.renderFlags(), int(Qt::AlignLeft));
+}
+
+void tst_GuiHelper::editedTitleKeepsMissingColourWhileButtonShowsPaintedColour()
+{
+    QLineEdit edit;
+    QPushButton fontButton;
+    QToolButton colorButton;
+    GuiHelper::setButtonColor(&colorButton, Qt::black);
+    const QwtText title(QStringLiteral("Time"));
+    GuiHelper::showTitle(title, &edit, &fontButton, &colorButton);
+
+    const QwtText edited = GuiHelper::editedTitle(title, &edit, &fontButton, &colorButton);
+    QVERIFY(!edited.color().isValid());
+    QVERIFY(!edited.testPaintAttribute(QwtText::PaintUsingTextColor));
+    QVERIFY(!edited.testPaintAttribute(QwtText::PaintUsingTextFont));
 }
 
 QTEST_MAIN(tst_GuiHelper)

@@ -8,17 +8,6 @@
 
 #include <QVariant>
 
-namespace {
-
-const char FontStringProperty[] = "fontString";
-
-QString fontString(const QAbstractButton *button)
-{
-    return button->property(FontStringProperty).toString();
-}
-
-} // namespace
-
 AxisSettingsTab::AxisSettingsTab(int axisId, VoidPlot *plot, QWidget *parent)
     : QFrame(parent)
     , ui(std::make_unique<Ui::AxisSettingsTab>())
@@ -115,33 +104,14 @@ void AxisSettingsTab::setAxisScaleVisible(bool on)
 
 void AxisSettingsTab::setAxisTitle(const QwtText &title)
 {
-    if (title.text() != ui->titleTextEdit->text())
-        ui->titleTextEdit->setText(title.text());
-    if (fontString(ui->titleFontButton) != title.font().toString())
-        GuiHelper::setButtonFont(ui->titleFontButton, title.font());
-    if (title.color().isValid())
-        GuiHelper::setButtonColor(ui->titleColorToolButton, title.color());
+    GuiHelper::showTitle(title, ui->titleTextEdit, ui->titleFontButton, ui->titleColorToolButton);
     axisTitleValue = title;
 }
 
 QwtText AxisSettingsTab::axisTitle() const
 {
-    QwtText title = axisTitleValue;
-    const QString text = ui->titleTextEdit->text();
-    if (text != title.text())
-        title.setText(text, QwtText::AutoText);
-
-    const QString font = fontString(ui->titleFontButton);
-    if (!font.isEmpty() && font != title.font().toString()) {
-        QFont chosen;
-        chosen.fromString(font);
-        title.setFont(chosen);
-    }
-
-    const QString color = ui->titleColorToolButton->text();
-    if (!color.isEmpty() && color != title.color().name())
-        title.setColor(GuiHelper::colorFromText(color));
-    return title;
+    return GuiHelper::editedTitle(axisTitleValue, ui->titleTextEdit, ui->titleFontButton,
+                                  ui->titleColorToolButton);
 }
 
 void AxisSettingsTab::setDefaultAxisTitle(const QwtText &title)
@@ -155,10 +125,8 @@ void AxisSettingsTab::setDefaultAxisTitle(const QwtText &title)
 
 void AxisSettingsTab::setTickLabel(const TickLabelFormat &format)
 {
-    if (fontString(ui->labelFontButton) != format.font.toString())
-        GuiHelper::setButtonFont(ui->labelFontButton, format.font);
-    if (format.color.isValid())
-        GuiHelper::setButtonColor(ui->labelColorToolButton, format.color);
+    GuiHelper::showFontAndColor(format.font, format.color, ui->labelFontButton,
+                                ui->labelColorToolButton);
     if (format.isRotationValid())
         ui->labelRotationSpinBox->setValue(format.rotation);
     tickLabelValue = format;
@@ -167,15 +135,8 @@ void AxisSettingsTab::setTickLabel(const TickLabelFormat &format)
 TickLabelFormat AxisSettingsTab::tickLabel() const
 {
     TickLabelFormat format = tickLabelValue;
-    const QString font = fontString(ui->labelFontButton);
-    if (!font.isEmpty() && font != format.font.toString()) {
-        QFont chosen;
-        chosen.fromString(font);
-        format.font = chosen;
-    }
-    const QString color = ui->labelColorToolButton->text();
-    if (!color.isEmpty())
-        format.color = GuiHelper::colorFromText(color);
+    format.font = GuiHelper::buttonFont(ui->labelFontButton, format.font);
+    format.color = GuiHelper::buttonColor(ui->labelColorToolButton, format.color);
     format.rotation = ui->labelRotationSpinBox->value();
     return format;
 }

@@ -10,17 +10,6 @@
 #include <QLocale>
 #include <QVariant>
 
-namespace {
-
-const char FontStringProperty[] = "fontString";
-
-QString fontString(const QAbstractButton *button)
-{
-    return button->property(FontStringProperty).toString();
-}
-
-} // namespace
-
 GeneralSettingsPanel::GeneralSettingsPanel(VoidPlot *plot, QWidget *parent)
     : QFrame(parent)
     , ui(std::make_unique<Ui::GeneralSettingsPanel>())
@@ -97,33 +86,14 @@ void GeneralSettingsPanel::restoreDefaults()
 
 void GeneralSettingsPanel::setPlotTitle(const QwtText &title)
 {
-    if (title.text() != ui->titleTextEdit->text())
-        ui->titleTextEdit->setText(title.text());
-    if (fontString(ui->titleFontButton) != title.font().toString())
-        GuiHelper::setButtonFont(ui->titleFontButton, title.font());
-    if (title.color().isValid())
-        GuiHelper::setButtonColor(ui->titleColorToolButton, title.color());
+    GuiHelper::showTitle(title, ui->titleTextEdit, ui->titleFontButton, ui->titleColorToolButton);
     plotTitleValue = title;
 }
 
 QwtText GeneralSettingsPanel::plotTitle() const
 {
-    QwtText title = plotTitleValue;
-    const QString text = ui->titleTextEdit->text();
-    if (text != title.text())
-        title.setText(text, QwtText::AutoText);
-
-    const QString font = fontString(ui->titleFontButton);
-    if (!font.isEmpty() && font != title.font().toString()) {
-        QFont chosen;
-        chosen.fromString(font);
-        title.setFont(chosen);
-    }
-
-    const QString color = ui->titleColorToolButton->text();
-    if (!color.isEmpty() && color != title.color().name())
-        title.setColor(GuiHelper::colorFromText(color));
-    return title;
+    return GuiHelper::editedTitle(plotTitleValue, ui->titleTextEdit, ui->titleFontButton,
+                                  ui->titleColorToolButton);
 }
 
 void GeneralSettingsPanel::setDefaultPlotTitle(const QwtText &title)

@@ -5,8 +5,11 @@
 #include <QFont>
 #include <QFontDialog>
 #include <QIcon>
+#include <QLineEdit>
 #include <QPixmap>
 #include <QVariant>
+
+#include <qwt_text.h>
 
 namespace {
 
@@ -73,6 +76,66 @@ void GuiHelper::chooseButtonColor(QAbstractButton *button)
 
     const QColor chosen = QColorDialog::getColor(initial, button, QString());
     setButtonColor(button, chosen);
+}
+
+QFont GuiHelper::buttonFont(const QAbstractButton *button, const QFont &current)
+{
+    if (!button)
+        return current;
+    const QString fontString = button->property(FontStringProperty).toString();
+    if (fontString.isEmpty() || fontString == current.toString())
+        return current;
+    QFont chosen;
+    chosen.fromString(fontString);
+    return chosen;
+}
+
+QColor GuiHelper::buttonColor(const QAbstractButton *button, const QColor &current)
+{
+    if (!button)
+        return current;
+    const QString name = button->text();
+    if (name.isEmpty() || (current.isValid() && name == current.name()))
+        return current;
+    return colorFromText(name);
+}
+
+void GuiHelper::showFontAndColor(const QFont &font, const QColor &color,
+                                 QAbstractButton *fontButton, QAbstractButton *colorButton)
+{
+    // Setting the same font again would only churn the button's look.
+    if (fontButton && fontButton->property(FontStringProperty).toString() != font.toString())
+        setButtonFont(fontButton, font);
+    setButtonColor(colorButton, color);
+}
+
+void GuiHelper::showTitle(const QwtText &title, QLineEdit *textEdit,
+                          QAbstractButton *fontButton, QAbstractButton *colorButton)
+{
+    // An unchanged text keeps the edit's cursor and undo history.
+    if (textEdit && textEdit->text() != title.text())
+        textEdit->setText(title.text());
+    showFontAndColor(title.font(), title.color(), fontButton, colorButton);
+}
+
+QwtText GuiHelper::editedTitle(const QwtText &title, const QLineEdit *textEdit,
+                               const QAbstractButton *fontButton,
+                               const QAbstractButton *colorButton)
+{
+    QwtText edited = title;
+    if (textEdit && textEdit->text() != title.text())
+        edited.setText(textEdit->text(), QwtText::AutoText);
+    // QwtText's setters also switch the title to its own font or colour, so
+    // they are called only for a change.
+    const QFont font = buttonFont(fontButton, title.font());
+    if (font.toString() != title.font().toString())
+        edited.setFont(font);
+    // A title without a colour of its own keeps it while the button shows
+    // the colour it is painted in.
+    const QColor color = buttonColor(colorButton, title.color());
+    if (color.name() != title.color().name())
+        edited.setColor(color);
+    return edited;
 }
 
 QIcon GuiHelper::colorIcon(int side, const QColor &color)

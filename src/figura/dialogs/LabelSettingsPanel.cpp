@@ -10,40 +10,19 @@
 
 namespace {
 
-const char FontStringProperty[] = "fontString";
-
 // The rotations a peak label can take, in degrees.
 const int PeakLabelRotationMin = -90;
 const int PeakLabelRotationMax = 90;
-
-QString fontString(const QAbstractButton *button)
-{
-    return button->property(FontStringProperty).toString();
-}
 
 // Font and colour from a font button and a colour button into a new text.
 QwtText fontColorText(const QAbstractButton *fontButton, const QAbstractButton *colorButton)
 {
     QwtText text;
-    const QString font = fontString(fontButton);
-    if (!font.isEmpty()) {
-        QFont chosen;
-        chosen.fromString(font);
-        text.setFont(chosen);
-    }
-    const QString color = colorButton->text();
-    if (!color.isEmpty())
-        text.setColor(GuiHelper::colorFromText(color));
+    text.setFont(GuiHelper::buttonFont(fontButton, text.font()));
+    const QColor color = GuiHelper::buttonColor(colorButton, QColor());
+    if (color.isValid())
+        text.setColor(color);
     return text;
-}
-
-void setFontColorButtons(const QwtText &text, QAbstractButton *fontButton,
-                         QAbstractButton *colorButton)
-{
-    if (fontString(fontButton) != text.font().toString())
-        GuiHelper::setButtonFont(fontButton, text.font());
-    if (text.color().isValid())
-        GuiHelper::setButtonColor(colorButton, text.color());
 }
 
 // The key of the first entry, in key order, whose text is the given one; 0
@@ -252,7 +231,8 @@ void LabelSettingsPanel::setDefaultMarkerLabelVisibility(int visibility)
 
 void LabelSettingsPanel::setMarkerLabel(const QwtText &label)
 {
-    setFontColorButtons(label, ui->markerLabelFontButton, ui->markerLabelColorToolButton);
+    GuiHelper::showFontAndColor(label.font(), label.color(), ui->markerLabelFontButton,
+                                ui->markerLabelColorToolButton);
 }
 
 QwtText LabelSettingsPanel::markerLabel() const
@@ -348,7 +328,8 @@ void LabelSettingsPanel::setDefaultPeakLabelVisibility(int visibility)
 
 void LabelSettingsPanel::setPeakLabel(const QwtText &label)
 {
-    setFontColorButtons(label, ui->peakLabelFontButton, ui->peakLabelColorToolButton);
+    GuiHelper::showFontAndColor(label.font(), label.color(), ui->peakLabelFontButton,
+                                ui->peakLabelColorToolButton);
 }
 
 QwtText LabelSettingsPanel::peakLabel() const
