@@ -18,6 +18,9 @@ private slots:
     void secondsToTimeTextFormats_data();
     void secondsToTimeTextFormats();
 
+    void secondsToMillisecondsTruncatesAndSaturates_data();
+    void secondsToMillisecondsTruncatesAndSaturates();
+
     void timeTextToSecondsReads_data();
     void timeTextToSecondsReads();
     void timeTextToSecondsWithFourFieldsLeavesSecondsUntouched();
@@ -221,6 +224,34 @@ void tst_TimeUtility::isAQObjectWithoutParent()
     TimeUtility utility;
     QVERIFY(!utility.parent());
     QCOMPARE(utility.metaObject()->className(), "TimeUtility");
+}
+
+void tst_TimeUtility::secondsToMillisecondsTruncatesAndSaturates_data()
+{
+    QTest::addColumn<double>("seconds");
+    QTest::addColumn<qint64>("milliseconds");
+    const qint64 max = std::numeric_limits<qint64>::max();
+    const qint64 min = std::numeric_limits<qint64>::min();
+    const double inf = std::numeric_limits<double>::infinity();
+
+    QTest::newRow("zero") << 0.0 << qint64(0);
+    QTest::newRow("whole seconds") << 90.0 << qint64(90000);
+    QTest::newRow("fraction truncated") << 1.2349 << qint64(1234);
+    QTest::newRow("negative truncated toward zero") << -1.2349 << qint64(-1234);
+    QTest::newRow("below a millisecond") << 0.0009 << qint64(0);
+    QTest::newRow("a century") << 3155760000.0 << qint64(3155760000000);
+    QTest::newRow("NaN") << std::numeric_limits<double>::quiet_NaN() << qint64(0);
+    QTest::newRow("infinity") << inf << max;
+    QTest::newRow("minus infinity") << -inf << min;
+    QTest::newRow("beyond qint64") << 1e300 << max;
+    QTest::newRow("below qint64") << -1e300 << min;
+}
+
+void tst_TimeUtility::secondsToMillisecondsTruncatesAndSaturates()
+{
+    QFETCH(double, seconds);
+    QFETCH(qint64, milliseconds);
+    QCOMPARE(TimeUtility::secondsToMilliseconds(seconds), milliseconds);
 }
 
 QTEST_GUILESS_MAIN(tst_TimeUtility)

@@ -18,7 +18,6 @@
 #include <qwt_text.h>
 
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -29,20 +28,6 @@ constexpr int LocalTimeFormat = 2;
 constexpr double MillisecondSpan = 4.0;
 // A value this close to zero is the zero point, which shows no decimals.
 constexpr double ZeroTolerance = 1e-12;
-
-// Seconds as whole milliseconds, truncated; saturated where a value far out
-// of range would leave qint64.
-qint64 toMilliseconds(double seconds)
-{
-    const double ms = seconds * 1000.0;
-    if (std::isnan(ms))
-        return 0;
-    if (ms >= 9.2e18)
-        return std::numeric_limits<qint64>::max();
-    if (ms <= -9.2e18)
-        return std::numeric_limits<qint64>::min();
-    return qint64(ms);
-}
 
 } // namespace
 
@@ -265,7 +250,7 @@ QString TimeCurvePlot::localTimeText(double value) const
     if (!referenceTime || value < 0.0)
         return QString();
 
-    const QDateTime time = referenceTime->addMSecs(toMilliseconds(value));
+    const QDateTime time = referenceTime->addMSecs(TimeUtility::secondsToMilliseconds(value));
     const double span = axisScaleDiv(QwtPlot::xBottom).range();
     const QString format = value > ZeroTolerance && span < MillisecondSpan
         ? QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz")

@@ -9,7 +9,6 @@
 #include <QRegularExpression>
 
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -25,19 +24,6 @@ constexpr double LocalSecondSpan = 11.0;
 constexpr double LocalTwoLineSpan = 300.0;
 
 constexpr double ZeroTolerance = 1e-12;
-
-// value * 1000 truncated to milliseconds, saturated where it leaves qint64.
-qint64 toMilliseconds(double value)
-{
-    const double ms = value * 1000.0;
-    if (std::isnan(ms))
-        return 0;
-    if (ms >= 9.2e18)
-        return std::numeric_limits<qint64>::max();
-    if (ms <= -9.2e18)
-        return std::numeric_limits<qint64>::min();
-    return qint64(ms);
-}
 
 const QRegularExpression &millisecondsPattern()
 {
@@ -112,7 +98,7 @@ QString TimeScaleDraw::localTimeText(double value) const
 {
     QDateTime time;
     if (referenceTime && referenceTime->isValid())
-        time = referenceTime->addMSecs(toMilliseconds(value));
+        time = referenceTime->addMSecs(TimeUtility::secondsToMilliseconds(value));
 
     const double span = scaleDiv().range();
     // The blanks ahead of the two-line formats centre the clock over the date.

@@ -87,6 +87,19 @@ QString TimeUtility::timeFormatText(int format)
     }
 }
 
+qint64 TimeUtility::secondsToMilliseconds(double seconds)
+{
+    const double ms = seconds * 1000.0;
+    if (std::isnan(ms))
+        return 0;
+    // 9.2e18 is just inside qint64, whose limits a double cannot hold exactly.
+    if (ms >= 9.2e18)
+        return std::numeric_limits<qint64>::max();
+    if (ms <= -9.2e18)
+        return std::numeric_limits<qint64>::min();
+    return qint64(ms);
+}
+
 bool TimeUtility::timeTextToSeconds(const QString &text, int &seconds)
 {
     const QStringList parts = text.split(QLatin1Char(':'), Qt::KeepEmptyParts, Qt::CaseSensitive);

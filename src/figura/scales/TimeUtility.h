@@ -34,6 +34,11 @@ public:
     // The translated name of a time format code; a null string for an unknown code.
     static QString timeFormatText(int format);
 
+    // Seconds as whole milliseconds, truncated toward zero, as a time axis
+    // adds them to its reference time. NaN gives 0; a value beyond qint64
+    // saturates instead of overflowing.
+    static qint64 secondsToMilliseconds(double seconds);
+
     // Reads "s", "m:s" or "h:m:s" into seconds. With one to three fields
     // seconds is always written, a field that fails to read counting as 0;
     // the result tells whether every field was a number. Other texts leave
