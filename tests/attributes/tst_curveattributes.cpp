@@ -3,6 +3,7 @@
 #include <figura/defaults/PlotDefault.h>
 
 #include "AttributeToString.h"
+#include "RecordTestSupport.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -128,14 +129,7 @@ void tst_CurveAttributes::equalityComparesEveryMember()
 void tst_CurveAttributes::copiesAndSelfAssignmentKeepValues()
 {
     const CurveAttributes source = fullAttributes();
-    CurveAttributes copy(source);
-    QCOMPARE(copy, source);
-    CurveAttributes assigned;
-    assigned = source;
-    QCOMPARE(assigned, source);
-    CurveAttributes &self = assigned;
-    assigned = self;
-    QCOMPARE(assigned, source);
+    RecordTest::checkCopiesAndSelfAssignment(source);
 }
 
 void tst_CurveAttributes::emptinessLooksAtStyleWidthAndColour_data()

@@ -2,12 +2,14 @@
 #include <figura/defaults/PlotDefault.h>
 
 #include "AttributeToString.h"
+#include "RecordTestSupport.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QTest>
 
 using KelmQtPlot::MarkerLabelFormat;
+using RecordTest::sortedKeys;
 
 namespace {
 
@@ -35,13 +37,6 @@ MarkerLabelFormat fullFormat()
     format.alignment = Qt::AlignTop;
     format.sortOption = Figura::MarkerLabelSortByValue;
     return format;
-}
-
-QStringList sortedKeys(const QJsonObject &json)
-{
-    QStringList keys = json.keys();
-    keys.sort();
-    return keys;
 }
 
 } // namespace
@@ -94,32 +89,21 @@ void tst_MarkerLabelFormat::equalityComparesEveryField_data()
 void tst_MarkerLabelFormat::equalityComparesEveryField()
 {
     QFETCH(int, field);
-    const MarkerLabelFormat a = fullFormat();
-    MarkerLabelFormat b = a;
-    QVERIFY(a == b);
-    QVERIFY(!(a != b));
-    switch (field) {
-    case 0: b.font = defaultLabelFont(); break;
-    case 1: b.color = Qt::red; break;
-    case 2: b.bgColor = Qt::red; break;
-    case 3: b.alignment = Qt::AlignBottom; break;
-    case 4: b.sortOption = Figura::MarkerLabelSortDefault; break;
-    }
-    QVERIFY(!(a == b));
-    QVERIFY(a != b);
+    RecordTest::checkEqualityNoticesChange(fullFormat(), [field](MarkerLabelFormat &b) {
+        switch (field) {
+        case 0: b.font = defaultLabelFont(); break;
+        case 1: b.color = Qt::red; break;
+        case 2: b.bgColor = Qt::red; break;
+        case 3: b.alignment = Qt::AlignBottom; break;
+        case 4: b.sortOption = Figura::MarkerLabelSortDefault; break;
+        }
+    });
 }
 
 void tst_MarkerLabelFormat::copiesAndSelfAssignmentKeepValues()
 {
     const MarkerLabelFormat source = fullFormat();
-    MarkerLabelFormat copy(source);
-    QCOMPARE(copy, source);
-    MarkerLabelFormat assigned;
-    assigned = source;
-    QCOMPARE(assigned, source);
-    MarkerLabelFormat &self = assigned;
-    assigned = self;
-    QCOMPARE(assigned, source);
+    RecordTest::checkCopiesAndSelfAssignment(source);
 }
 
 void tst_MarkerLabelFormat::freshRecordWritesNothing()

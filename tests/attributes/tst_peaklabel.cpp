@@ -3,6 +3,7 @@
 #include <figura/defaults/PlotDefault.h>
 
 #include "AttributeToString.h"
+#include "RecordTestSupport.h"
 
 #include <QApplication>
 #include <QDebug>
@@ -15,15 +16,9 @@
 #include <qwt_plot.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_scale_map.h>
+using RecordTest::applicationLabelFont;
 
 namespace {
-
-QFont applicationLabelFont()
-{
-    QFont font = QApplication::font();
-    font.setPointSize(PlotDefault::LabelFontSize);
-    return font;
-}
 
 // Counts the calls of the hook that tells the plot to redraw.
 class CountingLabel : public PeakLabel

@@ -3,20 +3,16 @@
 #include <figura/defaults/PlotDefault.h>
 
 #include "AttributeToString.h"
+#include "RecordTestSupport.h"
 
 #include <QApplication>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QTest>
+using RecordTest::applicationLabelFont;
+using RecordTest::sortedKeys;
 
 namespace {
-
-QFont applicationLabelFont()
-{
-    QFont font = QApplication::font();
-    font.setPointSize(PlotDefault::LabelFontSize);
-    return font;
-}
 
 QFont otherFont()
 {
@@ -29,13 +25,6 @@ QFont otherFont()
 PeakLabelFormat fullFormat()
 {
     return PeakLabelFormat(otherFont(), QColor(1, 2, 3), 30);
-}
-
-QStringList sortedKeys(const QJsonObject &json)
-{
-    QStringList keys = json.keys();
-    keys.sort();
-    return keys;
 }
 
 } // namespace
@@ -137,17 +126,13 @@ void tst_PeakLabelFormat::equalityComparesEveryField_data()
 void tst_PeakLabelFormat::equalityComparesEveryField()
 {
     QFETCH(int, field);
-    const PeakLabelFormat a = fullFormat();
-    PeakLabelFormat b = a;
-    QVERIFY(a == b);
-    QVERIFY(!(a != b));
-    switch (field) {
-    case 0: b.setFont(applicationLabelFont()); break;
-    case 1: b.setColor(Qt::green); break;
-    case 2: b.setTextRotation(31); break;
-    }
-    QVERIFY(!(a == b));
-    QVERIFY(a != b);
+    RecordTest::checkEqualityNoticesChange(fullFormat(), [field](PeakLabelFormat &b) {
+        switch (field) {
+        case 0: b.setFont(applicationLabelFont()); break;
+        case 1: b.setColor(Qt::green); break;
+        case 2: b.setTextRotation(31); break;
+        }
+    });
 }
 
 void tst_PeakLabelFormat::copiesAreIndependent()

@@ -3,6 +3,7 @@
 #include <figura/defaults/PlotDefault.h>
 
 #include "AttributeToString.h"
+#include "RecordTestSupport.h"
 
 #include <QApplication>
 #include <QJsonArray>
@@ -15,6 +16,7 @@
 #include <functional>
 
 using KelmQtPlot::PlotAttributes;
+using RecordTest::sortedKeys;
 
 namespace {
 
@@ -114,13 +116,6 @@ PlotAttributes changed(const std::function<void(PlotAttributes &)> &change)
     PlotAttributes a = fullAttributes();
     change(a);
     return a;
-}
-
-QStringList sortedKeys(const QJsonObject &json)
-{
-    QStringList keys = json.keys();
-    keys.sort();
-    return keys;
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include <figura/defaults/PlotDefault.h>
 
 #include "AttributeToString.h"
+#include "RecordTestSupport.h"
 
 #include <QApplication>
 #include <QJsonArray>
@@ -11,15 +12,10 @@
 #include <QTest>
 
 #include <qwt_plot.h>
+using RecordTest::applicationLabelFont;
+using RecordTest::sortedKeys;
 
 namespace {
-
-QFont applicationLabelFont()
-{
-    QFont font = QApplication::font();
-    font.setPointSize(PlotDefault::LabelFontSize);
-    return font;
-}
 
 QFont otherFont()
 {
@@ -36,13 +32,6 @@ TickLabelFormat fullFormat()
     format.color = QColor(10, 20, 30);
     format.rotation = 45;
     return format;
-}
-
-QStringList sortedKeys(const QJsonObject &json)
-{
-    QStringList keys = json.keys();
-    keys.sort();
-    return keys;
 }
 
 } // namespace
@@ -141,30 +130,20 @@ void tst_TickLabelFormat::equalityComparesEveryField_data()
 void tst_TickLabelFormat::equalityComparesEveryField()
 {
     QFETCH(int, field);
-    const TickLabelFormat a = fullFormat();
-    TickLabelFormat b = a;
-    QVERIFY(a == b);
-    QVERIFY(!(a != b));
-    switch (field) {
-    case 0: b.font.setBold(!b.font.bold()); break;
-    case 1: b.color = Qt::green; break;
-    case 2: b.rotation = -12; break;
-    }
-    QVERIFY(!(a == b));
-    QVERIFY(a != b);
+    RecordTest::checkEqualityNoticesChange(fullFormat(), [field](TickLabelFormat &b) {
+        switch (field) {
+        case 0: b.font.setBold(!b.font.bold()); break;
+        case 1: b.color = Qt::green; break;
+        case 2: b.rotation = -12; break;
+        }
+    });
 }
 
 void tst_TickLabelFormat::copiesAndSelfAssignmentKeepValues()
 {
     const TickLabelFormat source = fullFormat();
+    RecordTest::checkCopiesAndSelfAssignment(source);
     TickLabelFormat copy(source);
-    QCOMPARE(copy, source);
-    TickLabelFormat assigned;
-    assigned = source;
-    QCOMPARE(assigned, source);
-    TickLabelFormat &self = assigned;
-    assigned = self;
-    QCOMPARE(assigned, source);
     copy.color = Qt::yellow;
     QCOMPARE(source.color, QColor(10, 20, 30));
 }

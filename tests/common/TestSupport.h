@@ -10,10 +10,17 @@
 #include <QElapsedTimer>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QSettings>
+#include <QStandardPaths>
 #include <QStringList>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTranslator>
 #include <QWheelEvent>
 #include <QWidget>
+
+#include <qwt_plot.h>
+#include <qwt_text.h>
 
 #include <functional>
 
@@ -122,6 +129,57 @@ inline QStringList menuEntries(const QMenu *menu)
 }
 inline QWidget *activeModal() { return QApplication::activeModalWidget(); }
 
+// Picks an entry of the next context menu.
+class MenuPick
+{
+public:
+    explicit MenuPick(const QString &entry)
+        : m_watch(activePopup, [entry](QWidget *w) {
+              auto *menu = qobject_cast<QMenu *>(w);
+              if (!menu) {
+                  w->close();
+                  return;
+              }
+              const QList<QAction *> actions = menu->actions();
+              for (QAction *action : actions) {
+                  if (QString(action->text()).remove(QLatin1Char('&')) == entry)
+                      menu->setActiveAction(action);
+              }
+              QTest::keyClick(menu, Qt::Key_Return);
+          })
+    {
+    }
+    bool fired() const { return m_watch.fired(); }
+
+private:
+    WhenShown m_watch;
+};
+
+// Hands the modal dialog of class Dialog to act as soon as it runs (act ends
+// it); any other modal widget that comes first is closed. seen() tells
+// whether act ran.
+template <class Dialog>
+class AnswerDialog : public WhenShown
+{
+public:
+    explicit AnswerDialog(std::function<void(Dialog &)> act)
+        : WhenShown(activeModal, [this, act = std::move(act)](QWidget *w) {
+              auto *dialog = qobject_cast<Dialog *>(w);
+              if (!dialog) {
+                  w->close();
+                  return;
+              }
+              m_seen = true;
+              act(*dialog);
+          })
+    {
+    }
+    bool seen() const { return m_seen; }
+
+private:
+    bool m_seen = false;
+};
+
 // Counts replots of any QwtPlot subclass.
 template <class Base>
 class ReplotCounter : public Base
@@ -141,6 +199,86 @@ public:
         QCoreApplication::sendPostedEvents(this, QEvent::PolishRequest);
         replots = 0;
     }
+};
+
+// For initMain(): Qt's own dialogs instead of native ones, and the standard
+// paths of test mode.
+inline void useTestDialogsAndPaths()
+{
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QStandardPaths::setTestModeEnabled(true);
+}
+
+// A base for test classes that drive Qt's own dialogs: QTEST_MAIN calls its
+// initMain() before the application exists.
+class DialogTestCase : public QObject
+{
+public:
+    static void initMain() { useTestDialogsAndPaths(); }
+};
+
+// Sends every QSettings file, Qt's own included, to a temporary directory.
+inline bool redirectSettings(const QTemporaryDir &dir)
+{
+    if (!dir.isValid())
+        return false;
+    for (auto format : {QSettings::NativeFormat, QSettings::IniFormat})
+        for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
+            QSettings::setPath(format, scope, dir.path());
+    return true;
+}
+
+// Sends the application settings of this test program, and those that Qt's
+// colour and font dialogs keep, to a directory of its own.
+inline bool isolateSettings(const QTemporaryDir &dir, const QString &application)
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("FiguraTests"));
+    QCoreApplication::setApplicationName(application);
+    return redirectSettings(dir);
+}
+
+// Gives an axis title a new text and keeps its font, colour and the rest.
+inline void setAxisTitleText(QwtPlot &plot, int axisId, const QString &text)
+{
+    QwtText title = plot.axisTitle(axisId);
+    title.setText(text);
+    plot.setAxisTitle(axisId, title);
+}
+
+// Counts paint events of a widget.
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget *widget) { widget->installEventFilter(this); }
+    int paints = 0;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            ++paints;
+        return false;
+    }
+};
+
+// Translates the texts of one context by putting a mark around them.
+class MarkingTranslator : public QTranslator
+{
+public:
+    explicit MarkingTranslator(const char *context) : m_context(context) {}
+    bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *sourceText, const char *disambiguation,
+                      int n) const override
+    {
+        Q_UNUSED(disambiguation)
+        Q_UNUSED(n)
+        if (qstrcmp(context, m_context) != 0)
+            return QString();
+        return QStringLiteral("<%1>").arg(QString::fromUtf8(sourceText));
+    }
+
+private:
+    const char *m_context;
 };
 
 } // namespace TestSupport

@@ -113,16 +113,9 @@ std::unique_ptr<WhenShown> answerFileDialog(const QString &target)
 
 } // namespace
 
-class tst_Gallery : public QObject
+class tst_Gallery : public TestSupport::DialogTestCase
 {
     Q_OBJECT
-
-public:
-    static void initMain()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QStandardPaths::setTestModeEnabled(true);
-    }
 
 private slots:
     void initTestCase();
@@ -169,12 +162,7 @@ private:
 
 void tst_Gallery::initTestCase()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("FiguraTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_gallery"));
-    QVERIFY(settingsDir.isValid());
-    for (auto format : {QSettings::NativeFormat, QSettings::IniFormat})
-        for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
-            QSettings::setPath(format, scope, settingsDir.path());
+    QVERIFY(TestSupport::isolateSettings(settingsDir, QStringLiteral("tst_gallery")));
 }
 
 void tst_Gallery::init()

@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QFontDialog>
+#include <QGroupBox>
 #include <QGridLayout>
 #include <QIcon>
 #include <QImage>
@@ -20,9 +21,35 @@
 #include <QSettings>
 #include <QSpacerItem>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QVariant>
 
 namespace PanelTest {
+
+// A child widget or layout of a page by object name.
+template <class T = QWidget>
+T *child(QWidget &root, const QString &name)
+{
+    return root.findChild<T *>(name);
+}
+
+// A title or label text of the given font and colour.
+inline QwtText fontColor(const QFont &font, const QColor &color, const QString &text = QString())
+{
+    QwtText t(text);
+    t.setFont(font);
+    t.setColor(color);
+    return t;
+}
+
+inline TickLabelFormat tickFormat(const QFont &font, const QColor &color, int rotation)
+{
+    TickLabelFormat f;
+    f.font = font;
+    f.color = color;
+    f.rotation = rotation;
+    return f;
+}
 
 // Row, column and column span of a widget in a grid; -1 where it is not there.
 struct GridPlace
@@ -139,18 +166,79 @@ inline bool chooseFont(QAbstractButton *button, const QFont &font, bool accept =
     return answer.fired();
 }
 
-// Sends the application settings of this test program, and those that Qt's
-// colour and font dialogs keep, to a directory of its own.
-inline bool isolateSettings(const QTemporaryDir &dir, const QString &application)
+using TestSupport::isolateSettings;
+
+// The columns of a table of the widgets of a form and where it places them.
+inline void addPlacementColumns()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("FiguraTests"));
-    QCoreApplication::setApplicationName(application);
-    if (!dir.isValid())
-        return false;
-    for (auto format : {QSettings::NativeFormat, QSettings::IniFormat})
-        for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
-            QSettings::setPath(format, scope, dir.path());
-    return true;
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("className");
+    QTest::addColumn<QString>("groupBox");
+    QTest::addColumn<QString>("grid");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<int>("columnSpan");
+    QTest::addColumn<QString>("text"); // of a label, button or check box; "-" for none
+}
+
+inline void addPlacementRow(const char *name, const char *cls, const char *box, const char *grid,
+                            int r, int c, int span, const QString &text)
+{
+    QTest::newRow(name) << QString::fromLatin1(name) << QString::fromLatin1(cls)
+                        << QString::fromLatin1(box) << QString::fromLatin1(grid) << r << c << span
+                        << text;
+}
+
+// Checks that the widget of the current placement row has its class and sits
+// at its place in the grid that is the layout of its group box; sets widget
+// to it only when all of that holds.
+inline void checkPlacement(QWidget &root, QWidget *&widget)
+{
+    widget = nullptr;
+    QFETCH(QString, name);
+    QFETCH(QString, className);
+    QFETCH(QString, groupBox);
+    QFETCH(QString, grid);
+    QFETCH(int, row);
+    QFETCH(int, column);
+    QFETCH(int, columnSpan);
+
+    QWidget *found = child(root, name);
+    QVERIFY(found);
+    QCOMPARE(QString::fromLatin1(found->metaObject()->className()), className);
+    auto *box = child<QGroupBox>(root, groupBox);
+    QVERIFY(box);
+    auto *layout = box->findChild<QGridLayout *>(grid);
+    QVERIFY(layout);
+    QCOMPARE(box->layout(), layout);
+    const GridPlace place = placeIn(layout, found);
+    QCOMPARE(place.row, row);
+    QCOMPARE(place.column, column);
+    QCOMPARE(place.columnSpan, columnSpan);
+    widget = found;
+}
+
+// The columns of a table of the spacers that end the grids of a form.
+inline void addSpacerColumns()
+{
+    QTest::addColumn<QString>("grid");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<int>("width");
+}
+
+// Checks the spacer of the current row: where it sits, its width, and that
+// it expands.
+inline void checkGridEndsWithSpacer(QWidget &root)
+{
+    QFETCH(QString, grid);
+    QFETCH(int, row);
+    QFETCH(int, column);
+    QFETCH(int, width);
+    QSpacerItem *spacer = spacerAt(child<QGridLayout>(root, grid), row, column);
+    QVERIFY(spacer);
+    QCOMPARE(spacer->sizeHint().width(), width);
+    QCOMPARE(spacer->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
 }
 
 // A plot whose restore-defaults values are chosen by the test.

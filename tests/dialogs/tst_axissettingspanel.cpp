@@ -23,16 +23,10 @@
 
 using PanelTest::DefaultsPlot;
 using PanelTest::fontString;
-using PanelTest::placeIn;
-using PanelTest::spacerAt;
+using PanelTest::child;
+using PanelTest::tickFormat;
 
 namespace {
-
-template <class T = QWidget>
-T *child(QWidget &root, const QString &name)
-{
-    return root.findChild<T *>(name);
-}
 
 QStringList tabTexts(AxisSettingsPanel &panel)
 {
@@ -79,15 +73,6 @@ public:
     using AxisSettingsPanel::yLeftTab;
     using AxisSettingsPanel::yRightTab;
 };
-
-TickLabelFormat format(const QFont &font, const QColor &color, int rotation)
-{
-    TickLabelFormat f;
-    f.font = font;
-    f.color = color;
-    f.rotation = rotation;
-    return f;
-}
 
 } // namespace
 
@@ -200,22 +185,9 @@ void tst_AxisSettingsPanel::tabFormStacksThreeGroupsAndASpacer()
 
 void tst_AxisSettingsPanel::tabFormPlacesEachWidget_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("className");
-    QTest::addColumn<QString>("groupBox");
-    QTest::addColumn<QString>("grid");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<int>("columnSpan");
-    QTest::addColumn<QString>("text");
-
+    PanelTest::addPlacementColumns();
     const QString noText = QStringLiteral("-");
-    auto row = [&](const char *name, const char *cls, const char *box, const char *grid, int r,
-                   int c, int span, const QString &text) {
-        QTest::newRow(name) << QString::fromLatin1(name) << QString::fromLatin1(cls)
-                            << QString::fromLatin1(box) << QString::fromLatin1(grid) << r << c
-                            << span << text;
-    };
+    const auto row = PanelTest::addPlacementRow;
     row("titleTextLabel", "QLabel", "titleGroupBox", "gridLayout", 0, 0, 1,
         QStringLiteral("Title text"));
     row("titleTextEdit", "QLineEdit", "titleGroupBox", "gridLayout", 0, 1, 1, noText);
@@ -243,27 +215,12 @@ void tst_AxisSettingsPanel::tabFormPlacesEachWidget_data()
 void tst_AxisSettingsPanel::tabFormPlacesEachWidget()
 {
     QFETCH(QString, name);
-    QFETCH(QString, className);
-    QFETCH(QString, groupBox);
-    QFETCH(QString, grid);
-    QFETCH(int, row);
-    QFETCH(int, column);
-    QFETCH(int, columnSpan);
     QFETCH(QString, text);
-
     AxisSettingsTab tab(QwtPlot::yLeft, nullptr);
-    QWidget *widget = child(tab, name);
-    QVERIFY(widget);
-    QCOMPARE(QString::fromLatin1(widget->metaObject()->className()), className);
-    auto *box = child<QGroupBox>(tab, groupBox);
-    QVERIFY(box);
-    auto *layout = box->findChild<QGridLayout *>(grid);
-    QVERIFY(layout);
-    QCOMPARE(box->layout(), layout);
-    const PanelTest::GridPlace place = placeIn(layout, widget);
-    QCOMPARE(place.row, row);
-    QCOMPARE(place.column, column);
-    QCOMPARE(place.columnSpan, columnSpan);
+    QWidget *widget = nullptr;
+    PanelTest::checkPlacement(tab, widget);
+    if (!widget)
+        return;
     if (auto *label = qobject_cast<QLabel *>(widget)) {
         QCOMPARE(label->text(), text);
         const bool description = name == QStringLiteral("labelDescription");
@@ -276,10 +233,7 @@ void tst_AxisSettingsPanel::tabFormPlacesEachWidget()
 
 void tst_AxisSettingsPanel::tabFormEndsEachGridWithAnExpandingSpacer_data()
 {
-    QTest::addColumn<QString>("grid");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<int>("width");
+    PanelTest::addSpacerColumns();
     QTest::newRow("gridLayout") << QStringLiteral("gridLayout") << 1 << 4 << 60;
     QTest::newRow("gridLayout_2") << QStringLiteral("gridLayout_2") << 1 << 4 << 40;
     QTest::newRow("gridLayout_3") << QStringLiteral("gridLayout_3") << 0 << 2 << 172;
@@ -287,15 +241,8 @@ void tst_AxisSettingsPanel::tabFormEndsEachGridWithAnExpandingSpacer_data()
 
 void tst_AxisSettingsPanel::tabFormEndsEachGridWithAnExpandingSpacer()
 {
-    QFETCH(QString, grid);
-    QFETCH(int, row);
-    QFETCH(int, column);
-    QFETCH(int, width);
     AxisSettingsTab tab(QwtPlot::xBottom, nullptr);
-    QSpacerItem *spacer = spacerAt(child<QGridLayout>(tab, grid), row, column);
-    QVERIFY(spacer);
-    QCOMPARE(spacer->sizeHint().width(), width);
-    QCOMPARE(spacer->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+    PanelTest::checkGridEndsWithSpacer(tab);
 }
 
 void tst_AxisSettingsPanel::tabFormButtonsStartWithTheirPlaceholders()
@@ -398,11 +345,11 @@ void tst_AxisSettingsPanel::axisWithoutTabIsANoOp()
     QCOMPARE(panel.axisScale(QwtPlot::xTop), -1);
     panel.setAxisTitle(QwtPlot::xTop, QwtText(QStringLiteral("Top")));
     QCOMPARE(panel.axisTitle(QwtPlot::xTop), QwtText());
-    panel.setTickLabel(QwtPlot::xTop, format(QFont(), Qt::red, 30));
+    panel.setTickLabel(QwtPlot::xTop, tickFormat(QFont(), Qt::red, 30));
     QCOMPARE(panel.tickLabel(QwtPlot::xTop), TickLabelFormat());
     panel.setDefaultAxisScale(QwtPlot::xTop, 0);
     panel.setDefaultAxisTitle(QwtPlot::xTop, QwtText(QStringLiteral("Top")));
-    panel.setDefaultTickLabel(QwtPlot::xTop, format(QFont(), Qt::red, 30));
+    panel.setDefaultTickLabel(QwtPlot::xTop, tickFormat(QFont(), Qt::red, 30));
     panel.setAxisScaleEnabled(QwtPlot::xTop, false);
     panel.setAxisScaleVisible(QwtPlot::xTop, false);
     panel.setAxisScale(99, 1);
@@ -418,11 +365,11 @@ void tst_AxisSettingsPanel::axisWithoutTabIsANoOp()
 void tst_AxisSettingsPanel::unsetRotationLeavesSpinBoxAndReadsBackSpinBoxValue()
 {
     AxisSettingsPanel panel(nullptr);
-    panel.setTickLabel(QwtPlot::xBottom, format(QFont(), Qt::blue, 45));
+    panel.setTickLabel(QwtPlot::xBottom, tickFormat(QFont(), Qt::blue, 45));
     auto *spin = child<QSpinBox>(*tabAt(panel, 0), QStringLiteral("labelRotationSpinBox"));
     QCOMPARE(spin->value(), 45);
 
-    TickLabelFormat unset = format(QFont(), Qt::red, Figura::UnsetValue);
+    TickLabelFormat unset = tickFormat(QFont(), Qt::red, Figura::UnsetValue);
     QVERIFY(!unset.isRotationValid());
     panel.setTickLabel(QwtPlot::xBottom, unset);
     QCOMPARE(spin->value(), 45);
@@ -431,7 +378,7 @@ void tst_AxisSettingsPanel::unsetRotationLeavesSpinBoxAndReadsBackSpinBoxValue()
     QCOMPARE(back.color, QColor(Qt::red));
 
     // Out of range is as good as unset.
-    panel.setTickLabel(QwtPlot::xBottom, format(QFont(), Qt::red, 100));
+    panel.setTickLabel(QwtPlot::xBottom, tickFormat(QFont(), Qt::red, 100));
     QCOMPARE(spin->value(), 45);
 }
 
@@ -533,7 +480,7 @@ void tst_AxisSettingsPanel::defaultsFollowDarkModeOfPlot()
     const QFont titleFont(QStringLiteral("Serif"), 13);
     plot.axisTitleDefault.setFont(titleFont);
     const QFont labelFont(QStringLiteral("Sans"), 7);
-    plot.tickLabelDefault = format(labelFont, Qt::magenta, -30);
+    plot.tickLabelDefault = tickFormat(labelFont, Qt::magenta, -30);
     plot.enableDarkMode(dark);
 
     OpenTab tab(QwtPlot::yLeft, &plot);
@@ -670,22 +617,22 @@ void tst_AxisSettingsPanel::setTickLabelFillsWidgets()
 {
     AxisSettingsTab tab(QwtPlot::yLeft, nullptr);
     const QFont font(QStringLiteral("Monospace"), 9);
-    tab.setTickLabel(format(font, QColor(0x0a, 0x0b, 0x0c), -90));
+    tab.setTickLabel(tickFormat(font, QColor(0x0a, 0x0b, 0x0c), -90));
     QCOMPARE(fontString(child<QPushButton>(tab, QStringLiteral("labelFontButton"))),
              font.toString());
     QCOMPARE(child<QToolButton>(tab, QStringLiteral("labelColorToolButton"))->text(),
              QStringLiteral("#0a0b0c"));
     QCOMPARE(child<QSpinBox>(tab, QStringLiteral("labelRotationSpinBox"))->value(), -90);
-    QCOMPARE(tab.tickLabel(), format(font, QColor(0x0a, 0x0b, 0x0c), -90));
-    tab.setTickLabel(format(font, QColor(0x0a, 0x0b, 0x0c), 90));
+    QCOMPARE(tab.tickLabel(), tickFormat(font, QColor(0x0a, 0x0b, 0x0c), -90));
+    tab.setTickLabel(tickFormat(font, QColor(0x0a, 0x0b, 0x0c), 90));
     QCOMPARE(tab.tickLabel().rotation, 90);
 }
 
 void tst_AxisSettingsPanel::setTickLabelWithInvalidColourKeepsColourButton()
 {
     AxisSettingsTab tab(QwtPlot::yLeft, nullptr);
-    tab.setTickLabel(format(QFont(), QColor(1, 2, 3), 10));
-    tab.setTickLabel(format(QFont(), QColor(), 20));
+    tab.setTickLabel(tickFormat(QFont(), QColor(1, 2, 3), 10));
+    tab.setTickLabel(tickFormat(QFont(), QColor(), 20));
     QCOMPARE(child<QToolButton>(tab, QStringLiteral("labelColorToolButton"))->text(),
              QStringLiteral("#010203"));
     // What the button shows is what comes back, not the invalid colour.
@@ -696,7 +643,7 @@ void tst_AxisSettingsPanel::setTickLabelWithInvalidColourKeepsColourButton()
 void tst_AxisSettingsPanel::tickLabelReadsFontAndColourButtons()
 {
     AxisSettingsTab tab(QwtPlot::xBottom, nullptr);
-    tab.setTickLabel(format(QFont(QStringLiteral("Serif"), 8), Qt::black, 0));
+    tab.setTickLabel(tickFormat(QFont(QStringLiteral("Serif"), 8), Qt::black, 0));
     QVERIFY(PanelTest::chooseColor(child<QToolButton>(tab, QStringLiteral("labelColorToolButton")),
                                    QColor(0x99, 0x88, 0x77)));
     QVERIFY(PanelTest::chooseFont(child<QPushButton>(tab, QStringLiteral("labelFontButton")),
@@ -712,7 +659,8 @@ void tst_AxisSettingsPanel::setDefaultTickLabelShowsOnlyAfterRestore()
 {
     AxisSettingsPanel panel(nullptr);
     const TickLabelFormat before = panel.tickLabel(QwtPlot::yLeft);
-    const TickLabelFormat wanted = format(QFont(QStringLiteral("Serif"), 16), QColor(5, 6, 7), 33);
+    const TickLabelFormat wanted =
+        tickFormat(QFont(QStringLiteral("Serif"), 16), QColor(5, 6, 7), 33);
     panel.setDefaultTickLabel(QwtPlot::yLeft, wanted);
     QCOMPARE(panel.tickLabel(QwtPlot::yLeft), before);
     panel.restoreDefaults();
@@ -736,7 +684,7 @@ void tst_AxisSettingsPanel::restoreDefaultsResetsEveryTab()
         QwtText changed(QStringLiteral("changed"));
         changed.setColor(Qt::yellow);
         panel.setAxisTitle(axis, changed);
-        panel.setTickLabel(axis, format(QFont(QStringLiteral("Serif"), 30), Qt::yellow, 12));
+        panel.setTickLabel(axis, tickFormat(QFont(QStringLiteral("Serif"), 30), Qt::yellow, 12));
         panel.setAxisScale(axis, 0);
     }
     panel.restoreDefaults();

@@ -43,16 +43,9 @@ QPushButton *boxButton(QWidget *dialog, QDialogButtonBox::StandardButton which)
 
 } // namespace
 
-class tst_ColorTextEdit : public QObject
+class tst_ColorTextEdit : public TestSupport::DialogTestCase
 {
     Q_OBJECT
-
-public:
-    static void initMain()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QStandardPaths::setTestModeEnabled(true);
-    }
 
 private slots:
     void initTestCase();
@@ -73,10 +66,7 @@ private:
 void tst_ColorTextEdit::initTestCase()
 {
     // The colour dialog remembers custom colours in Qt's own settings.
-    QVERIFY(m_cfg.isValid());
-    for (auto format : {QSettings::NativeFormat, QSettings::IniFormat})
-        for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
-            QSettings::setPath(format, scope, m_cfg.path());
+    QVERIFY(TestSupport::redirectSettings(m_cfg));
 }
 
 void tst_ColorTextEdit::cleanup()

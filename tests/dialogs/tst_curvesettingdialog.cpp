@@ -29,27 +29,9 @@
 using TestSupport::activeModal;
 using TestSupport::WhenShown;
 
+using TestSupport::MarkingTranslator;
+
 namespace {
-
-// Translates the texts of one context by putting a mark around them.
-class MarkingTranslator : public QTranslator
-{
-public:
-    explicit MarkingTranslator(const char *context) : m_context(context) {}
-    bool isEmpty() const override { return false; }
-    QString translate(const char *context, const char *sourceText, const char *disambiguation,
-                      int n) const override
-    {
-        Q_UNUSED(disambiguation)
-        Q_UNUSED(n)
-        if (qstrcmp(context, m_context) != 0)
-            return QString();
-        return QStringLiteral("<%1>").arg(QString::fromUtf8(sourceText));
-    }
-
-private:
-    const char *m_context;
-};
 
 // Opens the members to the tests.
 class DialogProbe : public CurveSettingDialog

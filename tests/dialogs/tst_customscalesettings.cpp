@@ -1,5 +1,7 @@
 #include <figura/dialogs/CustomScaleSettings.h>
 
+#include <TestSupport.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -133,12 +135,7 @@ private:
 
 void tst_CustomScaleSettings::initTestCase()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("FiguraTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_customscalesettings"));
-    QVERIFY(m_cfg.isValid());
-    for (auto format : {QSettings::NativeFormat, QSettings::IniFormat})
-        for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
-            QSettings::setPath(format, scope, m_cfg.path());
+    QVERIFY(TestSupport::isolateSettings(m_cfg, QStringLiteral("tst_customscalesettings")));
     QVERIFY(QSettings().fileName().startsWith(m_cfg.path()));
 }
 

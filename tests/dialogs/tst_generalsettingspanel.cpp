@@ -24,20 +24,13 @@
 using PanelTest::DefaultsPlot;
 using PanelTest::fontOf;
 using PanelTest::fontString;
-using PanelTest::placeIn;
-using PanelTest::spacerAt;
+using PanelTest::child;
 
 namespace {
 
 const char *const ColorButtons[] = {"titleColorToolButton", "canvasColorToolButton",
                                     "majorGridColorToolButton", "minorGridColorToolButton",
                                     "chartColorToolButton"};
-
-template <class T = QWidget>
-T *child(QWidget &root, const QString &name)
-{
-    return root.findChild<T *>(name);
-}
 
 QString buttonText(QWidget &root, const char *name)
 {
@@ -188,22 +181,9 @@ void tst_GeneralSettingsPanel::formStacksFourGroupsAndASpacer()
 
 void tst_GeneralSettingsPanel::formPlacesEachWidget_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("className");
-    QTest::addColumn<QString>("groupBox");
-    QTest::addColumn<QString>("grid");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<int>("columnSpan");
-    QTest::addColumn<QString>("text"); // of a label, button or check box; "-" for none
-
+    PanelTest::addPlacementColumns();
     const QString noText = QStringLiteral("-");
-    auto row = [&](const char *name, const char *cls, const char *box, const char *grid, int r,
-                   int c, int span, const QString &text) {
-        QTest::newRow(name) << QString::fromLatin1(name) << QString::fromLatin1(cls)
-                            << QString::fromLatin1(box) << QString::fromLatin1(grid) << r << c
-                            << span << text;
-    };
+    const auto row = PanelTest::addPlacementRow;
     row("titleTextLabel", "QLabel", "plotTitleGroupBox", "gridLayout", 0, 0, 1,
         QStringLiteral("Title text"));
     row("titleTextEdit", "QLineEdit", "plotTitleGroupBox", "gridLayout", 0, 1, 1, noText);
@@ -252,28 +232,12 @@ void tst_GeneralSettingsPanel::formPlacesEachWidget_data()
 void tst_GeneralSettingsPanel::formPlacesEachWidget()
 {
     QFETCH(QString, name);
-    QFETCH(QString, className);
-    QFETCH(QString, groupBox);
-    QFETCH(QString, grid);
-    QFETCH(int, row);
-    QFETCH(int, column);
-    QFETCH(int, columnSpan);
     QFETCH(QString, text);
-
     GeneralSettingsPanel panel(nullptr);
-    QWidget *widget = child(panel, name);
-    QVERIFY(widget);
-    QCOMPARE(QString::fromLatin1(widget->metaObject()->className()), className);
-    auto *box = child<QGroupBox>(panel, groupBox);
-    QVERIFY(box);
-    auto *layout = box->findChild<QGridLayout *>(grid);
-    QVERIFY(layout);
-    QCOMPARE(box->layout(), layout);
-    const PanelTest::GridPlace place = placeIn(layout, widget);
-    QCOMPARE(place.row, row);
-    QCOMPARE(place.column, column);
-    QCOMPARE(place.columnSpan, columnSpan);
-
+    QWidget *widget = nullptr;
+    PanelTest::checkPlacement(panel, widget);
+    if (!widget)
+        return;
     if (auto *label = qobject_cast<QLabel *>(widget)) {
         QCOMPARE(label->text(), text);
         // The description is greyed and wraps; the other labels do neither.
@@ -289,10 +253,7 @@ void tst_GeneralSettingsPanel::formPlacesEachWidget()
 
 void tst_GeneralSettingsPanel::formEndsEachGridWithAnExpandingSpacer_data()
 {
-    QTest::addColumn<QString>("grid");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<int>("width");
+    PanelTest::addSpacerColumns();
     QTest::newRow("gridLayout") << QStringLiteral("gridLayout") << 1 << 4 << 58;
     QTest::newRow("gridLayout_2") << QStringLiteral("gridLayout_2") << 2 << 4 << 38;
     QTest::newRow("gridLayout_3") << QStringLiteral("gridLayout_3") << 2 << 3 << 99;
@@ -301,15 +262,8 @@ void tst_GeneralSettingsPanel::formEndsEachGridWithAnExpandingSpacer_data()
 
 void tst_GeneralSettingsPanel::formEndsEachGridWithAnExpandingSpacer()
 {
-    QFETCH(QString, grid);
-    QFETCH(int, row);
-    QFETCH(int, column);
-    QFETCH(int, width);
     GeneralSettingsPanel panel(nullptr);
-    QSpacerItem *spacer = spacerAt(child<QGridLayout>(panel, grid), row, column);
-    QVERIFY(spacer);
-    QCOMPARE(spacer->sizeHint().width(), width);
-    QCOMPARE(spacer->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+    PanelTest::checkGridEndsWithSpacer(panel);
 }
 
 void tst_GeneralSettingsPanel::formColourButtonsStartWhiteBesideTheOutlineIcon_data()

@@ -19,16 +19,9 @@
 
 using TestSupport::WhenShown;
 
-class tst_GuiHelper : public QObject
+class tst_GuiHelper : public TestSupport::DialogTestCase
 {
     Q_OBJECT
-
-public:
-    static void initMain()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QStandardPaths::setTestModeEnabled(true);
-    }
 
 private slots:
     void initTestCase();
@@ -146,10 +139,7 @@ struct FontDialogAnswer
 void tst_GuiHelper::initTestCase()
 {
     // The colour dialog remembers custom colours in Qt's own settings.
-    QVERIFY(m_cfg.isValid());
-    for (auto format : {QSettings::NativeFormat, QSettings::IniFormat})
-        for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
-            QSettings::setPath(format, scope, m_cfg.path());
+    QVERIFY(TestSupport::redirectSettings(m_cfg));
 }
 
 void tst_GuiHelper::cleanup()

@@ -20,16 +20,10 @@
 
 using PanelTest::DefaultsPlot;
 using PanelTest::fontString;
-using PanelTest::placeIn;
-using PanelTest::spacerAt;
+using PanelTest::child;
+using PanelTest::fontColor;
 
 namespace {
-
-template <class T = QWidget>
-T *child(QWidget &root, const QString &name)
-{
-    return root.findChild<T *>(name);
-}
 
 QStringList comboTexts(QComboBox *box)
 {
@@ -56,14 +50,6 @@ public:
     using LabelSettingsPanel::defaultPeakLabelVisibility;
     using LabelSettingsPanel::plot;
 };
-
-QwtText fontColor(const QFont &font, const QColor &color)
-{
-    QwtText text;
-    text.setFont(font);
-    text.setColor(color);
-    return text;
-}
 
 } // namespace
 
@@ -157,22 +143,9 @@ void tst_LabelSettingsPanel::formStacksThreeCheckableGroupsAndASpacer()
 
 void tst_LabelSettingsPanel::formPlacesEachWidget_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("className");
-    QTest::addColumn<QString>("groupBox");
-    QTest::addColumn<QString>("grid");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<int>("columnSpan");
-    QTest::addColumn<QString>("text");
-
+    PanelTest::addPlacementColumns();
     const QString noText = QStringLiteral("-");
-    auto row = [&](const char *name, const char *cls, const char *box, const char *grid, int r,
-                   int c, int span, const QString &text) {
-        QTest::newRow(name) << QString::fromLatin1(name) << QString::fromLatin1(cls)
-                            << QString::fromLatin1(box) << QString::fromLatin1(grid) << r << c
-                            << span << text;
-    };
+    const auto row = PanelTest::addPlacementRow;
     row("markerDescription", "QLabel", "markerGroupBox", "gridLayout", 0, 0, 5,
         QStringLiteral("Data marker (or cursor) refers to the vertical line at the mouse pointer "
                        "position that marks the data points."));
@@ -223,27 +196,12 @@ void tst_LabelSettingsPanel::formPlacesEachWidget_data()
 void tst_LabelSettingsPanel::formPlacesEachWidget()
 {
     QFETCH(QString, name);
-    QFETCH(QString, className);
-    QFETCH(QString, groupBox);
-    QFETCH(QString, grid);
-    QFETCH(int, row);
-    QFETCH(int, column);
-    QFETCH(int, columnSpan);
     QFETCH(QString, text);
-
     LabelSettingsPanel panel(nullptr);
-    QWidget *widget = child(panel, name);
-    QVERIFY(widget);
-    QCOMPARE(QString::fromLatin1(widget->metaObject()->className()), className);
-    auto *box = child<QGroupBox>(panel, groupBox);
-    QVERIFY(box);
-    auto *layout = box->findChild<QGridLayout *>(grid);
-    QVERIFY(layout);
-    QCOMPARE(box->layout(), layout);
-    const PanelTest::GridPlace place = placeIn(layout, widget);
-    QCOMPARE(place.row, row);
-    QCOMPARE(place.column, column);
-    QCOMPARE(place.columnSpan, columnSpan);
+    QWidget *widget = nullptr;
+    PanelTest::checkPlacement(panel, widget);
+    if (!widget)
+        return;
     if (auto *label = qobject_cast<QLabel *>(widget)) {
         QCOMPARE(label->text(), text);
         const bool description = name.endsWith(QStringLiteral("Description"));
@@ -255,10 +213,7 @@ void tst_LabelSettingsPanel::formPlacesEachWidget()
 
 void tst_LabelSettingsPanel::formEndsEachGridWithAnExpandingSpacer_data()
 {
-    QTest::addColumn<QString>("grid");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<int>("width");
+    PanelTest::addSpacerColumns();
     QTest::newRow("gridLayout") << QStringLiteral("gridLayout") << 3 << 4 << 159;
     QTest::newRow("gridLayout_2") << QStringLiteral("gridLayout_2") << 3 << 6 << 33;
     QTest::newRow("gridLayout_3") << QStringLiteral("gridLayout_3") << 2 << 4 << 40;
@@ -266,15 +221,8 @@ void tst_LabelSettingsPanel::formEndsEachGridWithAnExpandingSpacer_data()
 
 void tst_LabelSettingsPanel::formEndsEachGridWithAnExpandingSpacer()
 {
-    QFETCH(QString, grid);
-    QFETCH(int, row);
-    QFETCH(int, column);
-    QFETCH(int, width);
     LabelSettingsPanel panel(nullptr);
-    QSpacerItem *spacer = spacerAt(child<QGridLayout>(panel, grid), row, column);
-    QVERIFY(spacer);
-    QCOMPARE(spacer->sizeHint().width(), width);
-    QCOMPARE(spacer->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+    PanelTest::checkGridEndsWithSpacer(panel);
 }
 
 void tst_LabelSettingsPanel::formButtonsStartWithTheirPlaceholders()

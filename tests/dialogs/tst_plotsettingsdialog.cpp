@@ -26,14 +26,11 @@
 #include <QtTest>
 
 using TestSupport::WhenShown;
+using PanelTest::child;
+using PanelTest::fontColor;
+using PanelTest::tickFormat;
 
 namespace {
-
-template <class T = QWidget>
-T *child(QWidget &root, const QString &name)
-{
-    return root.findChild<T *>(name);
-}
 
 class OpenDialog : public PlotSettingsDialog
 {
@@ -50,23 +47,6 @@ QAbstractButton *standardButton(QWidget &dialog, QDialogButtonBox::StandardButto
 {
     auto *box = child<QDialogButtonBox>(dialog, QStringLiteral("buttonBox"));
     return box ? box->button(which) : nullptr;
-}
-
-QwtText fontColor(const QFont &font, const QColor &color, const QString &text = QString())
-{
-    QwtText t(text);
-    t.setFont(font);
-    t.setColor(color);
-    return t;
-}
-
-TickLabelFormat tickFormat(const QFont &font, const QColor &color, int rotation)
-{
-    TickLabelFormat f;
-    f.font = font;
-    f.color = color;
-    f.rotation = rotation;
-    return f;
 }
 
 } // namespace

@@ -36,6 +36,8 @@
 
 using TestSupport::WhenShown;
 
+using TestSupport::MenuPick;
+
 namespace {
 
 class ExchangePlot : public TestSupport::ReplotCounter<VoidPlot>
@@ -129,32 +131,6 @@ private:
     std::vector<std::pair<QString, std::unique_ptr<QSignalSpy>>> spies;
 };
 
-// Picks an entry of the next context menu.
-class MenuPick
-{
-public:
-    explicit MenuPick(const QString &entry)
-        : m_watch(TestSupport::activePopup, [entry](QWidget *w) {
-              auto *menu = qobject_cast<QMenu *>(w);
-              if (!menu) {
-                  w->close();
-                  return;
-              }
-              const QList<QAction *> actions = menu->actions();
-              for (QAction *action : actions) {
-                  if (QString(action->text()).remove(QLatin1Char('&')) == entry)
-                      menu->setActiveAction(action);
-              }
-              QTest::keyClick(menu, Qt::Key_Return);
-          })
-    {
-    }
-    bool fired() const { return m_watch.fired(); }
-
-private:
-    WhenShown m_watch;
-};
-
 // Widgets of the dialog, looked up in the page they belong to.
 template <class T>
 T *generalWidget(PlotSettingsDialog &dialog, const char *name)
@@ -193,16 +169,7 @@ void press(PlotSettingsDialog &dialog, QDialogButtonBox::StandardButton which)
 // dialog was seen.
 bool customize(VoidPlot &plot, const std::function<void(PlotSettingsDialog &)> &act)
 {
-    bool seen = false;
-    WhenShown answer(TestSupport::activeModal, [&](QWidget *w) {
-        auto *dialog = qobject_cast<PlotSettingsDialog *>(w);
-        if (!dialog) {
-            w->close();
-            return;
-        }
-        seen = true;
-        act(*dialog);
-    });
+    TestSupport::AnswerDialog<PlotSettingsDialog> answer(act);
     MenuPick pick(QStringLiteral("Customize Plot..."));
     // The right click as the canvas sees it where the platform sends the
     // menu event after the release: the menu opens at once.
@@ -211,7 +178,7 @@ bool customize(VoidPlot &plot, const std::function<void(PlotSettingsDialog &)> &
                        Qt::RightButton);
     TestSupport::mouse(plot.canvas(), QEvent::MouseButtonRelease, at, Qt::RightButton);
     TestSupport::contextMenu(plot.canvas(), at);
-    return seen && pick.fired();
+    return answer.seen() && pick.fired();
 }
 
 QColor textColor(QwtScaleWidget *widget)

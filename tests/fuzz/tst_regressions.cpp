@@ -5,6 +5,8 @@
 #include <figura/defaults/PlotDefault.h>
 #include <figura/dialogs/CustomScaleSettings.h>
 
+#include <TestSupport.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -50,12 +52,7 @@ private:
 
 void tst_Regressions::initTestCase()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("FiguraTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_regressions"));
-    QVERIFY(settingsDir.isValid());
-    for (auto format : {QSettings::NativeFormat, QSettings::IniFormat})
-        for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
-            QSettings::setPath(format, scope, settingsDir.path());
+    QVERIFY(TestSupport::isolateSettings(settingsDir, QStringLiteral("tst_regressions")));
 }
 
 // UndefinedBehaviorSanitizer: "load of value 2, which is not a valid value for

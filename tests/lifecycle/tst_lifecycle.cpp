@@ -202,16 +202,9 @@ protected:
 
 } // namespace
 
-class tst_Lifecycle : public QObject
+class tst_Lifecycle : public TestSupport::DialogTestCase
 {
     Q_OBJECT
-
-public:
-    static void initMain()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QStandardPaths::setTestModeEnabled(true);
-    }
 
 private slots:
     void initTestCase();
@@ -230,12 +223,7 @@ private:
 void tst_Lifecycle::initTestCase()
 {
     testHandler = qInstallMessageHandler(dropPlatformNotices);
-    QCoreApplication::setOrganizationName(QStringLiteral("FiguraTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_lifecycle"));
-    QVERIFY(settingsDir.isValid());
-    for (auto format : {QSettings::NativeFormat, QSettings::IniFormat})
-        for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
-            QSettings::setPath(format, scope, settingsDir.path());
+    QVERIFY(TestSupport::isolateSettings(settingsDir, QStringLiteral("tst_lifecycle")));
     QSettings().clear();
 }
 

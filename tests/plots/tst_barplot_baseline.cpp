@@ -63,18 +63,9 @@ QPushButton *dialogButton(QWidget *dialog, QDialogButtonBox::StandardButton whic
 // returns whether it was seen. act ends the dialog.
 bool runDialog(BaselinePlot &plot, const std::function<void(PlotSettingsDialog &)> &act)
 {
-    bool seen = false;
-    WhenShown answer(TestSupport::activeModal, [&](QWidget *w) {
-        auto *dialog = qobject_cast<PlotSettingsDialog *>(w);
-        if (!dialog) {
-            w->close();
-            return;
-        }
-        seen = true;
-        act(*dialog);
-    });
+    TestSupport::AnswerDialog<PlotSettingsDialog> answer(act);
     plot.editPlotSetting();
-    return seen && answer.fired();
+    return answer.seen() && answer.fired();
 }
 
 // The colour of the canvas at plot coordinates, as last drawn.
@@ -87,16 +78,9 @@ QColor canvasColorAt(BarPlotProbe &plot, const QImage &image, double x, double y
 
 } // namespace
 
-class tst_BarPlotBaseline : public QObject
+class tst_BarPlotBaseline : public TestSupport::DialogTestCase
 {
     Q_OBJECT
-
-public:
-    static void initMain()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QStandardPaths::setTestModeEnabled(true);
-    }
 
 private slots:
     void cleanup();

@@ -5,6 +5,7 @@
 // along, and the legend switch.
 
 #include "BarPlotProbe.h"
+#include "ReadoutTestSupport.h"
 
 #include <TestSupport.h>
 
@@ -52,7 +53,7 @@ class tst_BarPlotReadout : public QObject
 private:
     // Shows the plot with both axes on 0 to 10 and the x axis titled "Mass".
     bool prepare(BarPlotProbe &plot);
-    int pixelOf(BarPlotProbe &plot, double x) { return int(plot.transform(QwtPlot::xBottom, x)); }
+    int pixelOf(BarPlotProbe &plot, double x) { return ReadoutTest::pixelOf(plot, x); }
     int roundedPixelOf(BarPlotProbe &plot, double x)
     {
         return int(std::round(plot.transform(QwtPlot::xBottom, x)));
@@ -125,19 +126,8 @@ private slots:
 
 bool tst_BarPlotReadout::prepare(BarPlotProbe &plot)
 {
-    QwtText title = plot.axisTitle(QwtPlot::xBottom);
-    title.setText(QStringLiteral("Mass"));
-    plot.setAxisTitle(QwtPlot::xBottom, title);
-    plot.setAxisScale(QwtPlot::xBottom, 0.0, 10.0);
-    plot.setAxisScale(QwtPlot::yLeft, 0.0, 10.0);
-    if (!showActive(plot))
-        return false;
     // A pointer that rests where a test moves it first would send no move.
-    QTest::mouseMove(plot.windowHandle(), QPoint(1, 1));
-    plot.replot();
-    QCoreApplication::processEvents();
-    plot.settle();
-    return true;
+    return ReadoutTest::showForReadout(plot, 10.0, 10.0, true);
 }
 
 void tst_BarPlotReadout::initTestCase()
@@ -443,9 +433,7 @@ void tst_BarPlotReadout::hiddenMarkersAndLabelsStopThePass()
 void tst_BarPlotReadout::markerLabelWidthWithoutChartsMeasuresDummyX()
 {
     BarPlotProbe plot;
-    QwtText title = plot.axisTitle(QwtPlot::xBottom);
-    title.setText(QStringLiteral("Mass"));
-    plot.setAxisTitle(QwtPlot::xBottom, title);
+    TestSupport::setAxisTitleText(plot, QwtPlot::xBottom, QStringLiteral("Mass"));
     const QFontMetrics metrics(plot.markerLabel.font());
     const int border = 2 * plot.markerLabel.borderPen().width();
     QCOMPARE(border, 20);
@@ -494,9 +482,7 @@ void tst_BarPlotReadout::markerLabelWidthOfGivenText()
 
 void tst_BarPlotReadout::axisValueTextFormats_data()
 {
-    QTest::addColumn<int>("axis");
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("text");
+    ReadoutTest::addAxisValueTextColumns();
     QTest::newRow("x rounds up") << int(QwtPlot::xBottom) << 28.7 << QStringLiteral("Mass: 29");
     QTest::newRow("x rounds down") << int(QwtPlot::xBottom) << 28.3 << QStringLiteral("Mass: 28");
     QTest::newRow("x whole") << int(QwtPlot::xBottom) << 2.0 << QStringLiteral("Mass: 2");
@@ -512,23 +498,14 @@ void tst_BarPlotReadout::axisValueTextFormats_data()
 
 void tst_BarPlotReadout::axisValueTextFormats()
 {
-    QFETCH(int, axis);
-    QFETCH(double, value);
-    QFETCH(QString, text);
-    BarPlotProbe plot;
-    QwtText title = plot.axisTitle(QwtPlot::xBottom);
-    title.setText(QStringLiteral("Mass"));
-    plot.setAxisTitle(QwtPlot::xBottom, title);
-    QCOMPARE(plot.axisValueText(axis, value), text);
+    ReadoutTest::checkAxisValueText<BarPlotProbe>();
 }
 
 void tst_BarPlotReadout::axisValueTextFollowsLocale()
 {
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     BarPlotProbe plot;
-    QwtText title = plot.axisTitle(QwtPlot::xBottom);
-    title.setText(QStringLiteral("Masse"));
-    plot.setAxisTitle(QwtPlot::xBottom, title);
+    TestSupport::setAxisTitleText(plot, QwtPlot::xBottom, QStringLiteral("Masse"));
     QCOMPARE(plot.axisValueText(QwtPlot::xBottom, 28.7), QStringLiteral("Masse: 29"));
     QCOMPARE(plot.axisValueText(QwtPlot::xBottom, 12345.0), QStringLiteral("Masse: 12.345"));
     QCOMPARE(plot.axisValueText(QwtPlot::yLeft, 2.5), QStringLiteral("2,5000"));
@@ -603,13 +580,7 @@ void tst_BarPlotReadout::pointerMoveRequestsOneDelayedReplot()
     BarPlotProbe plot;
     plot.appendBarChart(barsAt(QStringLiteral("a"), {1, 2, 3}, 1.0), true);
     QVERIFY(prepare(plot));
-    for (int i = 0; i < 5; ++i)
-        mouse(plot.canvas(), QEvent::MouseMove, QPoint(20 + 10 * i, 30));
-    QCOMPARE(plot.displayCalls.size(), 5);
-    QCOMPARE(plot.replots, 0);
-    QTRY_COMPARE(plot.replots, 1);
-    QTest::qWait(50);
-    QCOMPARE(plot.replots, 1);
+    ReadoutTest::checkMovesRequestOneDelayedReplot(plot);
 }
 
 void tst_BarPlotReadout::pointerMoveFollowsOnlyWithMoveModifier()
@@ -650,20 +621,7 @@ void tst_BarPlotReadout::dragClearsLabelsWithoutReadout()
     plot.appendBarChart(barsAt(QStringLiteral("a"), {1, 2, 3}, 1.0), true);
     plot.setMarkerLabelAlignment(Qt::AlignTrailing);
     QVERIFY(prepare(plot));
-    mouse(plot.canvas(), QEvent::MouseMove, QPoint(pixelOf(plot, 2.0), 30));
-    QCOMPARE(labelOf(plot.marker), QStringLiteral("Mass: 2"));
-    QCOMPARE(labelOf(plot.seriesMarkers.at(0)), QStringLiteral("a: 1.0000"));
-    QTRY_COMPARE(plot.replots, 1);
-    plot.displayCalls.clear();
-
-    mouse(plot.canvas(), QEvent::MouseMove, QPoint(pixelOf(plot, 3.0), 40), Qt::NoButton,
-          Qt::LeftButton);
-    QVERIFY(plot.displayCalls.isEmpty());
-    QVERIFY(labelOf(plot.marker).isEmpty());
-    QVERIFY(labelOf(plot.seriesMarkers.at(0)).isEmpty());
-    QCOMPARE(plot.seriesMarkers.at(0)->xValue(), 2.0);
-    QVERIFY(plot.marker->isVisible());
-    QTRY_COMPARE(plot.replots, 2);
+    ReadoutTest::checkDragClearsLabelsWithoutReadout(plot, QStringLiteral("Mass: 2"));
 }
 
 void tst_BarPlotReadout::eventsOfOtherObjectsAreIgnored()
@@ -671,30 +629,14 @@ void tst_BarPlotReadout::eventsOfOtherObjectsAreIgnored()
     BarPlotProbe plot;
     plot.appendBarChart(barsAt(QStringLiteral("a"), {1, 2, 3}, 1.0), true);
     QVERIFY(prepare(plot));
-    QMouseEvent move(QEvent::MouseMove, QPointF(50, 30), QPointF(50, 30), Qt::NoButton,
-                     Qt::NoButton, Qt::NoModifier);
-    QVERIFY(!plot.eventFilter(&plot, &move));
-    QEvent other(QEvent::Enter);
-    QVERIFY(!plot.eventFilter(plot.canvas(), &other));
-    QVERIFY(plot.displayCalls.isEmpty());
-    QTest::qWait(30);
-    QCOMPARE(plot.replots, 0);
-    // The filter never eats a move it handles.
-    QVERIFY(!plot.eventFilter(plot.canvas(), &move));
-    QCOMPARE(plot.displayCalls.size(), 1);
+    ReadoutTest::checkEventsOfOtherObjectsAreIgnored(plot);
 }
 
 void tst_BarPlotReadout::inactiveApplicationDoesNotTrack()
 {
     BarPlotProbe plot;
     plot.appendBarChart(barsAt(QStringLiteral("a"), {1, 2, 3}, 1.0), true);
-    plot.resize(400, 300);
-    plot.settle();
-    QTRY_VERIFY(!QApplication::activeWindow());
-    mouse(plot.canvas(), QEvent::MouseMove, QPoint(50, 30));
-    QVERIFY(plot.displayCalls.isEmpty());
-    QTest::qWait(30);
-    QCOMPARE(plot.replots, 0);
+    ReadoutTest::checkInactiveApplicationDoesNotTrack(plot);
 }
 
 void tst_BarPlotReadout::shiftRightOnLastBarStaysAndSetsPointerToItsColumn()

@@ -105,7 +105,31 @@ public:
         return plotLegend() ? qobject_cast<QwtLegendLabel *>(plotLegend()->legendWidget(itemToInfo(item)))
                             : nullptr;
     }
+
+    // Appends a curve "traced" on 1, 2, 3 that counts its deaths in deaths.
+    TracedCurve *appendTraced(int *deaths)
+    {
+        auto *traced = new TracedCurve(QStringLiteral("traced"), deaths);
+        traced->setSamples(line({1, 2, 3}, 3.0));
+        appendCurve(traced, true);
+        return traced;
+    }
+
+    // Gives the curve its legend entry and lays it out; whether it shows.
+    bool showEntryOf(QwtPlotCurve *curve)
+    {
+        setLegend(curve);
+        replot();
+        QCoreApplication::processEvents();
+        return labelOf(curve) && labelOf(curve)->isVisible();
+    }
 };
+
+// The curve dialog, once it runs.
+QWidget *activeCurveDialog()
+{
+    return dynamic_cast<CurveSettingDialog *>(activeModal());
+}
 
 // Where a click on the entry lands, in the plot window.
 QPoint entryPoint(LegendPlot &plot, QwtPlotItem *item)
@@ -171,9 +195,7 @@ private slots:
 
 bool tst_CurvePlotLegend::prepare(LegendPlot &plot, QwtPlotCurve *&a, QwtPlotCurve *&b)
 {
-    QwtText title = plot.axisTitle(QwtPlot::xBottom);
-    title.setText(QStringLiteral("Mass"));
-    plot.setAxisTitle(QwtPlot::xBottom, title);
+    TestSupport::setAxisTitleText(plot, QwtPlot::xBottom, QStringLiteral("Mass"));
     plot.setAxisScale(QwtPlot::xBottom, 0.0, 10.0);
     plot.setAxisScale(QwtPlot::yLeft, 0.0, 10.0);
     plot.enableLegend(QwtPlot::RightLegend);
@@ -544,7 +566,7 @@ void tst_CurvePlotLegend::menuActionOpensDialogAndAcceptanceChangesCurve()
     QColor shownColor;
     WhenShown pick(activePopup, [](QWidget *popup) { pickEntry(popup, QStringLiteral("Change Curve Settings...")); });
     WhenShown accept(
-        [] { return dynamic_cast<CurveSettingDialog *>(activeModal()); },
+        activeCurveDialog,
         [&](QWidget *w) {
             auto *dialog = dynamic_cast<CurveSettingDialog *>(w);
             QCOMPARE(dialog->parentWidget(), &plot);
@@ -583,7 +605,7 @@ void tst_CurvePlotLegend::menuActionOpensDialogAndCancelLeavesCurve()
     const QPen before = a->pen();
     WhenShown pick(activePopup, [](QWidget *popup) { pickEntry(popup, QStringLiteral("Change Curve Settings...")); });
     WhenShown cancel(
-        [] { return dynamic_cast<CurveSettingDialog *>(activeModal()); },
+        activeCurveDialog,
         [&](QWidget *w) {
             auto *dialog = dynamic_cast<CurveSettingDialog *>(w);
             dialog->setLineAttributes(Qt::DotLine, 7, Qt::green);
@@ -606,16 +628,11 @@ void tst_CurvePlotLegend::curveRemovedDuringMenuOpensNoDialog()
     QwtPlotCurve *b = nullptr;
     QVERIFY(prepare(plot, a, b));
     int deaths = 0;
-    auto *traced = new TracedCurve(QStringLiteral("traced"), &deaths);
-    traced->setSamples(line({1, 2, 3}, 3.0));
-    plot.appendCurve(traced, true);
-    plot.setLegend(traced);
-    plot.replot();
-    QCoreApplication::processEvents();
-    QVERIFY(plot.labelOf(traced) && plot.labelOf(traced)->isVisible());
+    auto *traced = plot.appendTraced(&deaths);
+    QVERIFY(plot.showEntryOf(traced));
     bool dialogSeen = false;
     WhenShown watchDialog(
-        [] { return dynamic_cast<CurveSettingDialog *>(activeModal()); },
+        activeCurveDialog,
         [&](QWidget *w) {
             dialogSeen = true;
             static_cast<QDialog *>(w)->reject();
@@ -663,12 +680,10 @@ void tst_CurvePlotLegend::curveRemovedDuringDialogIsLeftAlone()
     QwtPlotCurve *b = nullptr;
     QVERIFY(prepare(plot, a, b));
     int deaths = 0;
-    auto *traced = new TracedCurve(QStringLiteral("traced"), &deaths);
-    traced->setSamples(line({1, 2, 3}, 3.0));
-    plot.appendCurve(traced, true);
+    auto *traced = plot.appendTraced(&deaths);
     plot.settle();
     WhenShown removeThenAccept(
-        [] { return dynamic_cast<CurveSettingDialog *>(activeModal()); },
+        activeCurveDialog,
         [&](QWidget *w) {
             plot.removeCurve(traced);
             static_cast<QDialog *>(w)->accept();
@@ -689,16 +704,11 @@ void tst_CurvePlotLegend::curveRemovedDuringDialogFromMenuIsHarmless()
     QwtPlotCurve *b = nullptr;
     QVERIFY(prepare(plot, a, b));
     int deaths = 0;
-    auto *traced = new TracedCurve(QStringLiteral("traced"), &deaths);
-    traced->setSamples(line({1, 2, 3}, 3.0));
-    plot.appendCurve(traced, true);
-    plot.setLegend(traced);
-    plot.replot();
-    QCoreApplication::processEvents();
-    QVERIFY(plot.labelOf(traced) && plot.labelOf(traced)->isVisible());
+    auto *traced = plot.appendTraced(&deaths);
+    QVERIFY(plot.showEntryOf(traced));
     WhenShown pick(activePopup, [](QWidget *popup) { pickEntry(popup, QStringLiteral("Change Curve Settings...")); });
     WhenShown removeThenAccept(
-        [] { return dynamic_cast<CurveSettingDialog *>(activeModal()); },
+        activeCurveDialog,
         [&](QWidget *w) {
             plot.removeCurve(traced);
             static_cast<QDialog *>(w)->accept();

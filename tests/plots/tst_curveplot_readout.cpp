@@ -3,6 +3,7 @@
 // number formats, refreshing, and the pointer path that drives it all.
 
 #include "CurvePlotProbe.h"
+#include "ReadoutTestSupport.h"
 
 #include <TestSupport.h>
 
@@ -62,7 +63,7 @@ class tst_CurvePlotReadout : public QObject
 private:
     // Shows the plot with both axes on 0 to 10 and the x axis titled "Mass".
     bool prepare(CurvePlotProbe &plot);
-    int pixelOf(CurvePlotProbe &plot, double x) { return int(plot.transform(QwtPlot::xBottom, x)); }
+    int pixelOf(CurvePlotProbe &plot, double x) { return ReadoutTest::pixelOf(plot, x); }
     QString labelOf(const QwtPlotMarker *m) const { return m->label().text(); }
 
 private slots:
@@ -126,17 +127,7 @@ private slots:
 
 bool tst_CurvePlotReadout::prepare(CurvePlotProbe &plot)
 {
-    QwtText title = plot.axisTitle(QwtPlot::xBottom);
-    title.setText(QStringLiteral("Mass"));
-    plot.setAxisTitle(QwtPlot::xBottom, title);
-    plot.setAxisScale(QwtPlot::xBottom, 0.0, 10.0);
-    plot.setAxisScale(QwtPlot::yLeft, 0.0, 10.0);
-    if (!showActive(plot))
-        return false;
-    plot.replot();
-    QCoreApplication::processEvents();
-    plot.settle();
-    return true;
+    return ReadoutTest::showForReadout(plot, 10.0, 10.0);
 }
 
 void tst_CurvePlotReadout::initTestCase()
@@ -666,9 +657,7 @@ void tst_CurvePlotReadout::markerLabelWidthOfGivenTextOrHiddenLabel()
 
 void tst_CurvePlotReadout::axisValueTextFormats_data()
 {
-    QTest::addColumn<int>("axis");
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("text");
+    ReadoutTest::addAxisValueTextColumns();
     QTest::newRow("left negative") << int(QwtPlot::yLeft) << -5.0 << QStringLiteral("-5.00e+00");
     QTest::newRow("left tiny negative") << int(QwtPlot::yLeft) << -0.0001 << QStringLiteral("-1.00e-04");
     QTest::newRow("left zero") << int(QwtPlot::yLeft) << 0.0 << QStringLiteral("0.0000");
@@ -686,23 +675,14 @@ void tst_CurvePlotReadout::axisValueTextFormats_data()
 
 void tst_CurvePlotReadout::axisValueTextFormats()
 {
-    QFETCH(int, axis);
-    QFETCH(double, value);
-    QFETCH(QString, text);
-    CurvePlotProbe plot;
-    QwtText title = plot.axisTitle(QwtPlot::xBottom);
-    title.setText(QStringLiteral("Mass"));
-    plot.setAxisTitle(QwtPlot::xBottom, title);
-    QCOMPARE(plot.axisValueText(axis, value), text);
+    ReadoutTest::checkAxisValueText<CurvePlotProbe>();
 }
 
 void tst_CurvePlotReadout::axisValueTextFollowsLocale()
 {
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     CurvePlotProbe plot;
-    QwtText title = plot.axisTitle(QwtPlot::xBottom);
-    title.setText(QStringLiteral("Masse"));
-    plot.setAxisTitle(QwtPlot::xBottom, title);
+    TestSupport::setAxisTitleText(plot, QwtPlot::xBottom, QStringLiteral("Masse"));
     QCOMPARE(plot.axisValueText(QwtPlot::xBottom, 28.7), QStringLiteral("Masse: 28,70"));
     QCOMPARE(plot.axisValueText(QwtPlot::yLeft, 2.5), QStringLiteral("2,5000"));
     QLocale::setDefault(QLocale::c());
@@ -885,13 +865,7 @@ void tst_CurvePlotReadout::pointerMoveRequestsOneDelayedReplot()
     CurvePlotProbe plot;
     plot.appendCurve(curveAt(QStringLiteral("a"), line({1, 2, 3}, 1.0)), true);
     QVERIFY(prepare(plot));
-    for (int i = 0; i < 5; ++i)
-        mouse(plot.canvas(), QEvent::MouseMove, QPoint(20 + 10 * i, 30));
-    QCOMPARE(plot.displayCalls.size(), 5);
-    QCOMPARE(plot.replots, 0);
-    QTRY_COMPARE(plot.replots, 1);
-    QTest::qWait(50);
-    QCOMPARE(plot.replots, 1);
+    ReadoutTest::checkMovesRequestOneDelayedReplot(plot);
 }
 
 void tst_CurvePlotReadout::pointerMoveFollowsOnlyWithMoveModifier()
@@ -946,20 +920,7 @@ void tst_CurvePlotReadout::dragClearsLabelsWithoutReadout()
     plot.appendCurve(curveAt(QStringLiteral("a"), line({1, 2, 3}, 1.0)), true);
     QVERIFY(prepare(plot));
     plot.setMarkerLabelAlignment(Qt::AlignTrailing);
-    mouse(plot.canvas(), QEvent::MouseMove, QPoint(pixelOf(plot, 2.0), 30));
-    QCOMPARE(labelOf(plot.marker), QStringLiteral("Mass: 2.00"));
-    QCOMPARE(labelOf(plot.seriesMarkers.at(0)), QStringLiteral("a: 1.0000"));
-    QTRY_COMPARE(plot.replots, 1);
-    plot.displayCalls.clear();
-
-    mouse(plot.canvas(), QEvent::MouseMove, QPoint(pixelOf(plot, 3.0), 40), Qt::NoButton,
-          Qt::LeftButton);
-    QVERIFY(plot.displayCalls.isEmpty());
-    QVERIFY(labelOf(plot.marker).isEmpty());
-    QVERIFY(labelOf(plot.seriesMarkers.at(0)).isEmpty());
-    QCOMPARE(plot.seriesMarkers.at(0)->xValue(), 2.0);
-    QVERIFY(plot.marker->isVisible());
-    QTRY_COMPARE(plot.replots, 2);
+    ReadoutTest::checkDragClearsLabelsWithoutReadout(plot, QStringLiteral("Mass: 2.00"));
 }
 
 void tst_CurvePlotReadout::eventsOfOtherObjectsAreIgnored()
@@ -967,30 +928,14 @@ void tst_CurvePlotReadout::eventsOfOtherObjectsAreIgnored()
     CurvePlotProbe plot;
     plot.appendCurve(curveAt(QStringLiteral("a"), line({1, 2, 3}, 1.0)), true);
     QVERIFY(prepare(plot));
-    QMouseEvent move(QEvent::MouseMove, QPointF(50, 30), QPointF(50, 30), Qt::NoButton,
-                     Qt::NoButton, Qt::NoModifier);
-    QVERIFY(!plot.eventFilter(&plot, &move));
-    QEvent other(QEvent::Enter);
-    QVERIFY(!plot.eventFilter(plot.canvas(), &other));
-    QVERIFY(plot.displayCalls.isEmpty());
-    QTest::qWait(30);
-    QCOMPARE(plot.replots, 0);
-    // The filter never eats a move it handles.
-    QVERIFY(!plot.eventFilter(plot.canvas(), &move));
-    QCOMPARE(plot.displayCalls.size(), 1);
+    ReadoutTest::checkEventsOfOtherObjectsAreIgnored(plot);
 }
 
 void tst_CurvePlotReadout::inactiveApplicationDoesNotTrack()
 {
     CurvePlotProbe plot;
     plot.appendCurve(curveAt(QStringLiteral("a"), line({1, 2, 3}, 1.0)), true);
-    plot.resize(400, 300);
-    plot.settle();
-    QTRY_VERIFY(!QApplication::activeWindow());
-    mouse(plot.canvas(), QEvent::MouseMove, QPoint(50, 30));
-    QVERIFY(plot.displayCalls.isEmpty());
-    QTest::qWait(30);
-    QCOMPARE(plot.replots, 0);
+    ReadoutTest::checkInactiveApplicationDoesNotTrack(plot);
 }
 
 void tst_CurvePlotReadout::readoutReadsFewSamplesOfLongCurves()

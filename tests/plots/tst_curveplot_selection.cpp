@@ -4,6 +4,7 @@
 // the mouse pointer that follows it.
 
 #include "CurvePlotProbe.h"
+#include "ReadoutTestSupport.h"
 
 #include <TestSupport.h>
 
@@ -22,6 +23,8 @@
 
 using TestSupport::showActive;
 
+using TestSupport::PaintCounter;
+
 namespace {
 
 QVector<QPointF> samplesAt(const QVector<double> &xs)
@@ -32,22 +35,6 @@ QVector<QPointF> samplesAt(const QVector<double> &xs)
     return samples;
 }
 
-// Counts paint events of a widget.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget *widget) { widget->installEventFilter(this); }
-    int paints = 0;
-
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++paints;
-        return false;
-    }
-};
-
 } // namespace
 
 class tst_CurvePlotSelection : public QObject
@@ -56,7 +43,7 @@ class tst_CurvePlotSelection : public QObject
 
 private:
     bool prepare(CurvePlotProbe &plot);
-    int pixelOf(CurvePlotProbe &plot, double x) { return int(plot.transform(QwtPlot::xBottom, x)); }
+    int pixelOf(CurvePlotProbe &plot, double x) { return ReadoutTest::pixelOf(plot, x); }
     int roundedPixelOf(CurvePlotProbe &plot, double x)
     {
         return int(std::round(plot.transform(QwtPlot::xBottom, x)));
@@ -107,17 +94,7 @@ private slots:
 
 bool tst_CurvePlotSelection::prepare(CurvePlotProbe &plot)
 {
-    QwtText title = plot.axisTitle(QwtPlot::xBottom);
-    title.setText(QStringLiteral("Mass"));
-    plot.setAxisTitle(QwtPlot::xBottom, title);
-    plot.setAxisScale(QwtPlot::xBottom, 0.0, 10.0);
-    plot.setAxisScale(QwtPlot::yLeft, 0.0, 100.0);
-    if (!showActive(plot))
-        return false;
-    plot.replot();
-    QCoreApplication::processEvents();
-    plot.settle();
-    return true;
+    return ReadoutTest::showForReadout(plot, 10.0, 100.0);
 }
 
 void tst_CurvePlotSelection::initTestCase()

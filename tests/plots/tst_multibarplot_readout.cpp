@@ -4,6 +4,7 @@
 // with the mouse pointer, and the pointer path that drives it all.
 
 #include "MultiBarPlotProbe.h"
+#include "ReadoutTestSupport.h"
 
 #include <TestSupport.h>
 
@@ -52,7 +53,7 @@ private:
     bool prepare(MultiBarPlotProbe &plot, double xMax = 4.0);
     // Sets at the positions with two bars, "A" red at x and "B" blue at 2x.
     void fill(MultiBarPlotProbe &plot, const QVector<double> &positions = {1, 2, 3});
-    int pixelOf(MultiBarPlotProbe &plot, double x) { return int(plot.transform(QwtPlot::xBottom, x)); }
+    int pixelOf(MultiBarPlotProbe &plot, double x) { return ReadoutTest::pixelOf(plot, x); }
     int roundedPixelOf(MultiBarPlotProbe &plot, double x)
     {
         return int(std::round(plot.transform(QwtPlot::xBottom, x)));
@@ -115,17 +116,7 @@ private slots:
 
 bool tst_MultiBarPlotReadout::prepare(MultiBarPlotProbe &plot, double xMax)
 {
-    QwtText title = plot.axisTitle(QwtPlot::xBottom);
-    title.setText(QStringLiteral("Mass"));
-    plot.setAxisTitle(QwtPlot::xBottom, title);
-    plot.setAxisScale(QwtPlot::xBottom, 0.0, xMax);
-    plot.setAxisScale(QwtPlot::yLeft, 0.0, 10.0);
-    if (!showActive(plot))
-        return false;
-    plot.replot();
-    QCoreApplication::processEvents();
-    plot.settle();
-    return true;
+    return ReadoutTest::showForReadout(plot, xMax, 10.0);
 }
 
 void tst_MultiBarPlotReadout::fill(MultiBarPlotProbe &plot, const QVector<double> &positions)
@@ -278,13 +269,7 @@ void tst_MultiBarPlotReadout::inactiveApplicationDoesNotTrack()
 {
     MultiBarPlotProbe plot;
     fill(plot);
-    plot.resize(400, 300);
-    plot.settle();
-    QTRY_VERIFY(!QApplication::activeWindow());
-    mouse(plot.canvas(), QEvent::MouseMove, QPoint(50, 30));
-    QVERIFY(plot.displayCalls.isEmpty());
-    QTest::qWait(30);
-    QCOMPARE(plot.replots, 0);
+    ReadoutTest::checkInactiveApplicationDoesNotTrack(plot);
 }
 
 // ---------------------------------------------------------------------------
@@ -547,9 +532,7 @@ void tst_MultiBarPlotReadout::markerLabelWidthOfGivenText()
 void tst_MultiBarPlotReadout::markerLabelWidthWithoutSamplesMeasuresDummyX()
 {
     MultiBarPlotProbe plot;
-    QwtText title = plot.axisTitle(QwtPlot::xBottom);
-    title.setText(QStringLiteral("Mass"));
-    plot.setAxisTitle(QwtPlot::xBottom, title);
+    TestSupport::setAxisTitleText(plot, QwtPlot::xBottom, QStringLiteral("Mass"));
     const QFontMetrics metrics(plot.markerLabel.font());
     const int dummy = metrics.boundingRect(QStringLiteral("Mass: 444")).width() + 20;
     QCOMPARE(plot.markerLabelWidth(QString()), dummy);
@@ -579,18 +562,14 @@ void tst_MultiBarPlotReadout::markerLabelWidthEstimatesFromLastSet()
 
     // With short titles the x line of the last set is the longest.
     plot.barChart()->setBarTitles(titles({QStringLiteral("a"), QStringLiteral("b")}));
-    QwtText longTitle = plot.axisTitle(QwtPlot::xBottom);
-    longTitle.setText(QStringLiteral("Mass per charge"));
-    plot.setAxisTitle(QwtPlot::xBottom, longTitle);
+    TestSupport::setAxisTitleText(plot, QwtPlot::xBottom, QStringLiteral("Mass per charge"));
     QCOMPARE(plot.markerLabelWidth(QString()),
              metrics.boundingRect(QStringLiteral("Mass per charge: 12345")).width() + 20);
 }
 
 void tst_MultiBarPlotReadout::axisValueTextFormats_data()
 {
-    QTest::addColumn<int>("axis");
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("text");
+    ReadoutTest::addAxisValueTextColumns();
     QTest::newRow("x rounds to whole") << int(QwtPlot::xBottom) << 28.7 << QStringLiteral("Mass: 29");
     QTest::newRow("x whole") << int(QwtPlot::xBottom) << 2.0 << QStringLiteral("Mass: 2");
     QTest::newRow("x large") << int(QwtPlot::xBottom) << 12345.4 << QStringLiteral("Mass: 12345");
@@ -605,23 +584,14 @@ void tst_MultiBarPlotReadout::axisValueTextFormats_data()
 
 void tst_MultiBarPlotReadout::axisValueTextFormats()
 {
-    QFETCH(int, axis);
-    QFETCH(double, value);
-    QFETCH(QString, text);
-    MultiBarPlotProbe plot;
-    QwtText title = plot.axisTitle(QwtPlot::xBottom);
-    title.setText(QStringLiteral("Mass"));
-    plot.setAxisTitle(QwtPlot::xBottom, title);
-    QCOMPARE(plot.axisValueText(axis, value), text);
+    ReadoutTest::checkAxisValueText<MultiBarPlotProbe>();
 }
 
 void tst_MultiBarPlotReadout::axisValueTextFollowsLocale()
 {
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     MultiBarPlotProbe plot;
-    QwtText title = plot.axisTitle(QwtPlot::xBottom);
-    title.setText(QStringLiteral("Masse"));
-    plot.setAxisTitle(QwtPlot::xBottom, title);
+    TestSupport::setAxisTitleText(plot, QwtPlot::xBottom, QStringLiteral("Masse"));
     QCOMPARE(plot.axisValueText(QwtPlot::xBottom, 12345.0), QStringLiteral("Masse: 12.345"));
     QCOMPARE(plot.axisValueText(QwtPlot::yLeft, 1.5), QStringLiteral("1,5000"));
 }

@@ -10,6 +10,8 @@
 #include <figura/scales/LocalTimeScaleEngine.h>
 #include <figura/scales/TimeScaleDraw.h>
 
+#include <TestSupport.h>
+
 #include <QDateTime>
 #include <QPointer>
 #include <QSignalSpy>
@@ -20,27 +22,9 @@
 #include <qwt_scale_draw.h>
 #include <qwt_scale_engine.h>
 
+using TestSupport::MarkingTranslator;
+
 namespace {
-
-// Translates the texts of one context by putting a mark around them.
-class MarkingTranslator : public QTranslator
-{
-public:
-    explicit MarkingTranslator(const char *context) : m_context(context) {}
-    bool isEmpty() const override { return false; }
-    QString translate(const char *context, const char *sourceText, const char *disambiguation,
-                      int n) const override
-    {
-        Q_UNUSED(disambiguation)
-        Q_UNUSED(n)
-        if (qstrcmp(context, m_context) != 0)
-            return QString();
-        return QStringLiteral("<%1>").arg(QString::fromUtf8(sourceText));
-    }
-
-private:
-    const char *m_context;
-};
 
 QList<double> ticksFrom(double first, double step, double last)
 {

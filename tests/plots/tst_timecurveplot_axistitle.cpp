@@ -11,6 +11,8 @@
 
 #include <qwt_scale_widget.h>
 
+using TestSupport::PaintCounter;
+
 namespace {
 
 QString xTitle(const QwtPlot &plot)
@@ -23,22 +25,6 @@ struct Zoom
     double lower;
     double upper;
     QString name;
-};
-
-// Counts paint events of a widget.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget *widget) { widget->installEventFilter(this); }
-    int paints = 0;
-
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++paints;
-        return false;
-    }
 };
 
 } // namespace

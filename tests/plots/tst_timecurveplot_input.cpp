@@ -79,6 +79,8 @@ struct Host
     {
         QTest::simulateEvent(plot, true, key, modifiers, QString(), false);
     }
+    // Selects the sample at x with Return; the index that selected reports.
+    int selectAt(double x, QSignalSpy &selected);
 };
 
 // Waits for the one sampleSelected that a selection gives and returns its index.
@@ -87,6 +89,13 @@ int selectedIndex(QSignalSpy &spy)
     if (!QTest::qWaitFor([&spy] { return spy.count() > 0; }))
         return -2;
     return spy.takeFirst().at(0).toInt();
+}
+
+int Host::selectAt(double x, QSignalSpy &selected)
+{
+    readoutAt(x);
+    key(Qt::Key_Return);
+    return selectedIndex(selected);
 }
 
 } // namespace
@@ -170,9 +179,7 @@ void tst_TimeCurvePlotInput::escapeDropsTheSelection()
     Host host;
     QVERIFY(host.show());
     QSignalSpy selected(host.plot, &CurvePlot::sampleSelected);
-    host.readoutAt(50.0);
-    host.key(Qt::Key_Return);
-    QCOMPARE(selectedIndex(selected), 5);
+    QCOMPARE(host.selectAt(50.0, selected), 5);
     QVERIFY(host.isSelected());
 
     host.plot->replots = 0;
@@ -205,9 +212,7 @@ void tst_TimeCurvePlotInput::keysWithOtherModifiersReachTheFrame()
     Host host;
     QVERIFY(host.show());
     QSignalSpy selected(host.plot, &CurvePlot::sampleSelected);
-    host.readoutAt(50.0);
-    host.key(Qt::Key_Return);
-    QCOMPARE(selectedIndex(selected), 5);
+    QCOMPARE(host.selectAt(50.0, selected), 5);
     host.readoutAt(80.0);
 
     host.keyPress(key, modifiers);
@@ -227,9 +232,7 @@ void tst_TimeCurvePlotInput::ctrlLeftWithoutSelectionStepsAndSelects()
     QVERIFY(host.show());
     QSignalSpy selected(host.plot, &CurvePlot::sampleSelected);
     // A dropped selection keeps its place, but there is nothing to align to.
-    host.readoutAt(70.0);
-    host.key(Qt::Key_Return);
-    QCOMPARE(selectedIndex(selected), 7);
+    QCOMPARE(host.selectAt(70.0, selected), 7);
     host.key(Qt::Key_Escape);
     QVERIFY(!host.isSelected());
     host.readoutAt(30.0);
@@ -247,9 +250,7 @@ void tst_TimeCurvePlotInput::ctrlHomeWithSelectionGoesToTheFirstSample()
     Host host;
     QVERIFY(host.show());
     QSignalSpy selected(host.plot, &CurvePlot::sampleSelected);
-    host.readoutAt(50.0);
-    host.key(Qt::Key_Return);
-    QCOMPARE(selectedIndex(selected), 5);
+    QCOMPARE(host.selectAt(50.0, selected), 5);
     host.readoutAt(80.0);
 
     host.key(Qt::Key_Home, Qt::ControlModifier);
@@ -279,9 +280,7 @@ void tst_TimeCurvePlotInput::ctrlKeysMoveTheSelectionOneStep()
     Host host;
     QVERIFY(host.show());
     QSignalSpy selected(host.plot, &CurvePlot::sampleSelected);
-    host.readoutAt(50.0);
-    host.key(Qt::Key_Return);
-    QCOMPARE(selectedIndex(selected), 5);
+    QCOMPARE(host.selectAt(50.0, selected), 5);
     // The read-out wanders off; the step starts from the selection all the same.
     host.readoutAt(90.0);
 
@@ -298,9 +297,7 @@ void tst_TimeCurvePlotInput::ctrlAloneBringsTheReadoutToTheSelection()
     Host host;
     QVERIFY(host.show());
     QSignalSpy selected(host.plot, &CurvePlot::sampleSelected);
-    host.readoutAt(50.0);
-    host.key(Qt::Key_Return);
-    QCOMPARE(selectedIndex(selected), 5);
+    QCOMPARE(host.selectAt(50.0, selected), 5);
     host.readoutAt(80.0);
 
     QTest::keyPress(host.plot, Qt::Key_Control, Qt::ControlModifier);
@@ -317,9 +314,7 @@ void tst_TimeCurvePlotInput::ctrlWithAnotherKeyOnlyAligns()
     Host host;
     QVERIFY(host.show());
     QSignalSpy selected(host.plot, &CurvePlot::sampleSelected);
-    host.readoutAt(50.0);
-    host.key(Qt::Key_Return);
-    QCOMPARE(selectedIndex(selected), 5);
+    QCOMPARE(host.selectAt(50.0, selected), 5);
     host.readoutAt(80.0);
 
     host.key(Qt::Key_A, Qt::ControlModifier);

@@ -69,32 +69,11 @@ private:
 // the dialog while it is shown; act must close it.
 bool customize(TimeCurvePlot &plot, const std::function<void(PlotSettingsDialog &)> &act)
 {
-    bool seen = false;
-    WhenShown answer(TestSupport::activeModal, [&](QWidget *w) {
-        auto *dialog = qobject_cast<PlotSettingsDialog *>(w);
-        if (!dialog) {
-            w->close();
-            return;
-        }
-        seen = true;
-        act(*dialog);
-    });
-    WhenShown pick(TestSupport::activePopup, [](QWidget *w) {
-        auto *menu = qobject_cast<QMenu *>(w);
-        if (!menu) {
-            w->close();
-            return;
-        }
-        const QList<QAction *> actions = menu->actions();
-        for (QAction *action : actions) {
-            if (QString(action->text()).remove(QLatin1Char('&')) == QLatin1String("Customize Plot..."))
-                menu->setActiveAction(action);
-        }
-        QTest::keyClick(menu, Qt::Key_Return);
-    });
+    TestSupport::AnswerDialog<PlotSettingsDialog> answer(act);
+    TestSupport::MenuPick pick(QStringLiteral("Customize Plot..."));
     const QPoint at = plot.canvas()->mapTo(&plot, QPoint(60, 60));
     QTest::mouseClick(plot.windowHandle(), Qt::RightButton, Qt::NoModifier, at);
-    return QTest::qWaitFor([&] { return pick.fired() && answer.fired(); }) && seen;
+    return QTest::qWaitFor([&] { return pick.fired() && answer.fired(); }) && answer.seen();
 }
 
 void press(PlotSettingsDialog &dialog, QDialogButtonBox::StandardButton which)
@@ -133,12 +112,7 @@ private:
 void tst_TimeCurvePlotSettings::initTestCase()
 {
     // The context menu reads the stored custom scales: keep them here.
-    QCoreApplication::setOrganizationName(QStringLiteral("FiguraTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_timecurveplot_settings"));
-    QVERIFY(m_config.isValid());
-    for (auto format : {QSettings::NativeFormat, QSettings::IniFormat})
-        for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
-            QSettings::setPath(format, scope, m_config.path());
+    QVERIFY(TestSupport::isolateSettings(m_config, QStringLiteral("tst_timecurveplot_settings")));
 }
 
 void tst_TimeCurvePlotSettings::init()

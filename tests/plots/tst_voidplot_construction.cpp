@@ -40,16 +40,9 @@ QwtPlotMagnifier *findMagnifier(QWidget *canvas)
 
 } // namespace
 
-class tst_VoidPlotConstruction : public QObject
+class tst_VoidPlotConstruction : public TestSupport::DialogTestCase
 {
     Q_OBJECT
-
-public:
-    static void initMain()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QStandardPaths::setTestModeEnabled(true);
-    }
 
 private slots:
     void cleanup();
@@ -435,9 +428,7 @@ void tst_VoidPlotConstruction::defaultSnapshots()
 void tst_VoidPlotConstruction::defaultAxisTitleIsTheXAxisSnapshotForEveryAxis()
 {
     VoidPlot plot;
-    QwtText left = plot.axisTitle(QwtPlot::yLeft);
-    left.setText(QStringLiteral("Intensity"));
-    plot.setAxisTitle(QwtPlot::yLeft, left);
+    TestSupport::setAxisTitleText(plot, QwtPlot::yLeft, QStringLiteral("Intensity"));
     QCOMPARE(plot.defaultAxisTitle(QwtPlot::yLeft), plot.defaultAxisTitle(QwtPlot::xBottom));
     QCOMPARE(plot.defaultAxisTitle(QwtPlot::yRight), plot.defaultAxisTitle(QwtPlot::xBottom));
     QCOMPARE(plot.defaultTickLabel(QwtPlot::yLeft), plot.defaultTickLabel(QwtPlot::xBottom));

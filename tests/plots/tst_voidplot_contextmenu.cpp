@@ -79,16 +79,9 @@ void openMenu(VoidPlotProbe &plot, QPoint at = QPoint(30, 30))
 
 } // namespace
 
-class tst_VoidPlotContextMenu : public QObject
+class tst_VoidPlotContextMenu : public TestSupport::DialogTestCase
 {
     Q_OBJECT
-
-public:
-    static void initMain()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QStandardPaths::setTestModeEnabled(true);
-    }
 
 private slots:
     void cleanup();

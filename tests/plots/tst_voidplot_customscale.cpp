@@ -104,16 +104,9 @@ void withCustomScaleMenu(CustomScalePlot &plot, const std::function<void(QMenu *
 
 } // namespace
 
-class tst_VoidPlotCustomScale : public QObject
+class tst_VoidPlotCustomScale : public TestSupport::DialogTestCase
 {
     Q_OBJECT
-
-public:
-    static void initMain()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QStandardPaths::setTestModeEnabled(true);
-    }
 
 private slots:
     void initTestCase();
@@ -143,12 +136,7 @@ private:
 
 void tst_VoidPlotCustomScale::initTestCase()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("FiguraTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_voidplot_customscale"));
-    QVERIFY(settingsDir.isValid());
-    for (auto format : {QSettings::NativeFormat, QSettings::IniFormat})
-        for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
-            QSettings::setPath(format, scope, settingsDir.path());
+    QVERIFY(TestSupport::isolateSettings(settingsDir, QStringLiteral("tst_voidplot_customscale")));
 }
 
 void tst_VoidPlotCustomScale::init()

@@ -146,16 +146,9 @@ QSize expectedLogoSize()
 
 } // namespace
 
-class tst_VoidPlotExport : public QObject
+class tst_VoidPlotExport : public TestSupport::DialogTestCase
 {
     Q_OBJECT
-
-public:
-    static void initMain()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QStandardPaths::setTestModeEnabled(true);
-    }
 
 private slots:
     void initTestCase();
@@ -185,13 +178,7 @@ private:
 
 void tst_VoidPlotExport::initTestCase()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("FiguraTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_voidplot_export"));
-    QVERIFY(m_dir.isValid());
-    for (auto format : {QSettings::NativeFormat, QSettings::IniFormat}) {
-        for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
-            QSettings::setPath(format, scope, m_dir.path());
-    }
+    QVERIFY(TestSupport::isolateSettings(m_dir, QStringLiteral("tst_voidplot_export")));
 }
 
 void tst_VoidPlotExport::cleanup()

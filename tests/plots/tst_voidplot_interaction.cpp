@@ -122,16 +122,9 @@ private:
 
 } // namespace
 
-class tst_VoidPlotInteraction : public QObject
+class tst_VoidPlotInteraction : public TestSupport::DialogTestCase
 {
     Q_OBJECT
-
-public:
-    static void initMain()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QStandardPaths::setTestModeEnabled(true);
-    }
 
 private slots:
     void cleanup();

@@ -35,16 +35,9 @@ int alphaOf(const QwtPlotMarker *marker)
 
 } // namespace
 
-class tst_VoidPlotMarkers : public QObject
+class tst_VoidPlotMarkers : public TestSupport::DialogTestCase
 {
     Q_OBJECT
-
-public:
-    static void initMain()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QStandardPaths::setTestModeEnabled(true);
-    }
 
 private slots:
     void createMarkerMakesAHiddenAttachedMarker();

@@ -11,6 +11,8 @@
 #include <figura/plots/TimeCurvePlot.h>
 #include <figura/plots/VoidPlot.h>
 
+#include <TestSupport.h>
+
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
@@ -29,6 +31,7 @@
 #include <qwt_text.h>
 
 #include <functional>
+#include <memory>
 
 namespace StressSupport {
 
@@ -215,6 +218,25 @@ inline QMenu *activeMenuNamed(const QString &objectName)
 {
     auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     return menu && menu->objectName() == objectName ? menu : nullptr;
+}
+
+// Chooses the entry of the menu of that object name as soon as it is open.
+inline std::unique_ptr<TestSupport::WhenShown> chooseWhenShown(const QString &menuName,
+                                                               const QString &entry)
+{
+    return std::make_unique<TestSupport::WhenShown>(
+        [menuName] { return activeMenuNamed(menuName); },
+        [entry](QWidget *shown) { QVERIFY(chooseEntry(qobject_cast<QMenu *>(shown), entry)); });
+}
+
+// Opens the submenu of the menu of that object name as soon as it is open.
+inline std::unique_ptr<TestSupport::WhenShown> openSubmenuWhenShown(const QString &menuName,
+                                                                    const QString &submenuName)
+{
+    return std::make_unique<TestSupport::WhenShown>(
+        [menuName] { return activeMenuNamed(menuName); }, [submenuName](QWidget *shown) {
+            QVERIFY(openSubmenu(qobject_cast<QMenu *>(shown), submenuName));
+        });
 }
 
 // The offscreen platform warns of each window feature it lacks; everything

@@ -62,16 +62,9 @@ void addMass(CustomScaleSettings &store, int lower, int upper)
 
 } // namespace
 
-class tst_CustomScaleRobustness : public QObject
+class tst_CustomScaleRobustness : public TestSupport::DialogTestCase
 {
     Q_OBJECT
-
-public:
-    static void initMain()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QStandardPaths::setTestModeEnabled(true);
-    }
 
 private slots:
     void initTestCase();
@@ -105,10 +98,7 @@ void tst_CustomScaleRobustness::initTestCase()
 {
     installNoticeFilter();
     QCoreApplication::setOrganizationName(QStringLiteral("FiguraTests"));
-    QVERIFY(settingsDir.isValid());
-    for (auto format : {QSettings::NativeFormat, QSettings::IniFormat})
-        for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
-            QSettings::setPath(format, scope, settingsDir.path());
+    QVERIFY(TestSupport::redirectSettings(settingsDir));
 }
 
 void tst_CustomScaleRobustness::init()

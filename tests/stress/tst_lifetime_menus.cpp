@@ -30,6 +30,9 @@
 #include <qwt_legend_label.h>
 #include <qwt_plot_curve.h>
 
+#include <functional>
+#include <memory>
+
 using namespace StressSupport;
 using namespace TestSupport;
 
@@ -89,6 +92,24 @@ struct Host
     {
         return plot->canvas()->mapTo(window, plot->canvas()->rect().center());
     }
+
+    // A right click as the window system delivers it, at a point of the window.
+    void rightClick(QPoint inWindow)
+    {
+        QTest::mouseClick(window->windowHandle(), Qt::RightButton, Qt::NoModifier, inWindow);
+    }
+
+    // Ends the plot the way given as soon as find() returns a widget, which
+    // it keeps in shown (to check that it died with the plot).
+    template <class W>
+    std::unique_ptr<WhenShown> killWhenShown(std::function<QWidget *()> find, Kill how,
+                                             QPointer<W> &shown)
+    {
+        return std::make_unique<WhenShown>(std::move(find), [this, how, &shown](QWidget *widget) {
+            shown = qobject_cast<W *>(widget);
+            kill(how);
+        });
+    }
 };
 
 // The running modal dialog if it is of the class, or has the object name its
@@ -125,16 +146,9 @@ QStringList storedScaleNames(CustomScale::XScaleType type)
 
 Q_DECLARE_METATYPE(Kill)
 
-class tst_LifetimeMenus : public QObject
+class tst_LifetimeMenus : public TestSupport::DialogTestCase
 {
     Q_OBJECT
-
-public:
-    static void initMain()
-    {
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        QStandardPaths::setTestModeEnabled(true);
-    }
 
 private slots:
     void initTestCase();
@@ -169,12 +183,7 @@ private:
 void tst_LifetimeMenus::initTestCase()
 {
     installNoticeFilter();
-    QCoreApplication::setOrganizationName(QStringLiteral("FiguraTests"));
-    QCoreApplication::setApplicationName(QStringLiteral("tst_lifetime_menus"));
-    QVERIFY(settingsDir.isValid());
-    for (auto format : {QSettings::NativeFormat, QSettings::IniFormat})
-        for (auto scope : {QSettings::UserScope, QSettings::SystemScope})
-            QSettings::setPath(format, scope, settingsDir.path());
+    QVERIFY(TestSupport::isolateSettings(settingsDir, QStringLiteral("tst_lifetime_menus")));
 }
 
 void tst_LifetimeMenus::init()
@@ -210,16 +219,12 @@ void tst_LifetimeMenus::contextMenuClosesWhenPlotDies()
     QVERIFY(showActive(*host.window));
 
     QPointer<QMenu> menu;
-    WhenShown killer([] { return activeMenuNamed(QStringLiteral("contextMenu")); },
-                     [&](QWidget *shown) {
-                         menu = qobject_cast<QMenu *>(shown);
-                         host.kill(kill);
-                     });
+    const auto killer = host.killWhenShown(
+        [] { return activeMenuNamed(QStringLiteral("contextMenu")); }, kill, menu);
     BailOut bailOut;
-    QTest::mouseClick(host.window->windowHandle(), Qt::RightButton, Qt::NoModifier,
-                      host.canvasCentreInWindow());
+    host.rightClick(host.canvasCentreInWindow());
 
-    QTRY_VERIFY(killer.fired());
+    QTRY_VERIFY(killer->fired());
     QTRY_VERIFY(!host.plot);
     QVERIFY(!menu);
     QTRY_VERIFY(!QApplication::activePopupWidget());
@@ -246,11 +251,8 @@ void tst_LifetimeMenus::contextMenuFromKeyboardClosesWhenPlotDies()
     mouse(host.plot->canvas(), QEvent::MouseButtonRelease, press, Qt::RightButton, Qt::NoButton);
 
     QPointer<QMenu> menu;
-    WhenShown killer([] { return activeMenuNamed(QStringLiteral("contextMenu")); },
-                     [&](QWidget *shown) {
-                         menu = qobject_cast<QMenu *>(shown);
-                         host.kill(kill);
-                     });
+    const auto killer = host.killWhenShown(
+        [] { return activeMenuNamed(QStringLiteral("contextMenu")); }, kill, menu);
     BailOut bailOut;
     // Posted, as the window system's events are: the plot then dies while
     // Qt is still delivering the event to its canvas.
@@ -258,7 +260,7 @@ void tst_LifetimeMenus::contextMenuFromKeyboardClosesWhenPlotDies()
                                 new QContextMenuEvent(QContextMenuEvent::Keyboard, press,
                                                       host.plot->canvas()->mapToGlobal(press)));
 
-    QTRY_VERIFY(killer.fired());
+    QTRY_VERIFY(killer->fired());
     QTRY_VERIFY(!host.plot);
     QVERIFY(!menu);
     QTRY_VERIFY(!QApplication::activePopupWidget());
@@ -278,15 +280,12 @@ void tst_LifetimeMenus::settingsDialogClosesWhenPlotDies()
     QVERIFY(showActive(*host.window));
 
     QPointer<QDialog> dialog;
-    WhenShown killer([] { return activeDialogOfClass("PlotSettingsDialog"); },
-                     [&](QWidget *shown) {
-                         dialog = qobject_cast<QDialog *>(shown);
-                         host.kill(kill);
-                     });
+    const auto killer =
+        host.killWhenShown([] { return activeDialogOfClass("PlotSettingsDialog"); }, kill, dialog);
     BailOut bailOut;
     QVERIFY(QMetaObject::invokeMethod(host.plot, "editPlotSetting", Qt::DirectConnection));
 
-    QVERIFY(killer.fired());
+    QVERIFY(killer->fired());
     QVERIFY(!host.plot);
     QVERIFY(!dialog);
     QVERIFY(!QApplication::activeModalWidget());
@@ -308,23 +307,16 @@ void tst_LifetimeMenus::settingsDialogFromMenuClosesWhenPlotDies()
     Host host(className);
     QVERIFY(showActive(*host.window));
 
-    WhenShown choose([] { return activeMenuNamed(QStringLiteral("contextMenu")); },
-                     [](QWidget *shown) {
-                         QVERIFY(chooseEntry(qobject_cast<QMenu *>(shown),
-                                             QStringLiteral("Customize Plot...")));
-                     });
+    const auto choose =
+        chooseWhenShown(QStringLiteral("contextMenu"), QStringLiteral("Customize Plot..."));
     QPointer<QDialog> dialog;
-    WhenShown killer([] { return activeDialogOfClass("PlotSettingsDialog"); },
-                     [&](QWidget *shown) {
-                         dialog = qobject_cast<QDialog *>(shown);
-                         host.kill(kill);
-                     });
+    const auto killer =
+        host.killWhenShown([] { return activeDialogOfClass("PlotSettingsDialog"); }, kill, dialog);
     BailOut bailOut;
-    QTest::mouseClick(host.window->windowHandle(), Qt::RightButton, Qt::NoModifier,
-                      host.canvasCentreInWindow());
+    host.rightClick(host.canvasCentreInWindow());
 
-    QTRY_VERIFY(killer.fired());
-    QVERIFY(choose.fired());
+    QTRY_VERIFY(killer->fired());
+    QVERIFY(choose->fired());
     QTRY_VERIFY(!host.plot);
     QVERIFY(!dialog);
     QTRY_VERIFY(!QApplication::activeModalWidget() && !QApplication::activePopupWidget());
@@ -346,15 +338,12 @@ void tst_LifetimeMenus::customScaleDialogClosesWhenPlotDiesAndStoresNothing()
     const QStringList timeBefore = storedScaleNames(CustomScale::TimeScale);
 
     QPointer<QDialog> dialog;
-    WhenShown killer([] { return activeDialogOfClass("CustomScaleDialog"); },
-                     [&](QWidget *shown) {
-                         dialog = qobject_cast<QDialog *>(shown);
-                         host.kill(kill);
-                     });
+    const auto killer =
+        host.killWhenShown([] { return activeDialogOfClass("CustomScaleDialog"); }, kill, dialog);
     BailOut bailOut;
     host.plot->editCustomScale();
 
-    QVERIFY(killer.fired());
+    QVERIFY(killer->fired());
     QVERIFY(!host.plot);
     QVERIFY(!dialog);
     QVERIFY(!QApplication::activeModalWidget());
@@ -385,29 +374,19 @@ void tst_LifetimeMenus::customScaleDialogFromMenuClosesWhenPlotDies()
     Host host(className);
     QVERIFY(showActive(*host.window));
 
-    WhenShown openSub([] { return activeMenuNamed(QStringLiteral("contextMenu")); },
-                      [](QWidget *shown) {
-                          QVERIFY(openSubmenu(qobject_cast<QMenu *>(shown),
-                                              QStringLiteral("customScaleMenu")));
-                      });
-    WhenShown choose([] { return activeMenuNamed(QStringLiteral("customScaleMenu")); },
-                     [](QWidget *shown) {
-                         QVERIFY(chooseEntry(qobject_cast<QMenu *>(shown),
-                                             QStringLiteral("Edit Scale...")));
-                     });
+    const auto openSub =
+        openSubmenuWhenShown(QStringLiteral("contextMenu"), QStringLiteral("customScaleMenu"));
+    const auto choose =
+        chooseWhenShown(QStringLiteral("customScaleMenu"), QStringLiteral("Edit Scale..."));
     QPointer<QDialog> dialog;
-    WhenShown killer([] { return activeDialogOfClass("CustomScaleDialog"); },
-                     [&](QWidget *shown) {
-                         dialog = qobject_cast<QDialog *>(shown);
-                         host.kill(kill);
-                     });
+    const auto killer =
+        host.killWhenShown([] { return activeDialogOfClass("CustomScaleDialog"); }, kill, dialog);
     BailOut bailOut;
-    QTest::mouseClick(host.window->windowHandle(), Qt::RightButton, Qt::NoModifier,
-                      host.canvasCentreInWindow());
+    host.rightClick(host.canvasCentreInWindow());
 
-    QTRY_VERIFY(killer.fired());
-    QVERIFY(openSub.fired());
-    QVERIFY(choose.fired());
+    QTRY_VERIFY(killer->fired());
+    QVERIFY(openSub->fired());
+    QVERIFY(choose->fired());
     QTRY_VERIFY(!host.plot);
     QVERIFY(!dialog);
     QTRY_VERIFY(!QApplication::activeModalWidget() && !QApplication::activePopupWidget());
@@ -435,16 +414,12 @@ void tst_LifetimeMenus::legendMenuClosesWhenPlotDies()
     QVERIFY(label);
 
     QPointer<QMenu> menu;
-    WhenShown killer([] { return activeMenuNamed(QStringLiteral("legendContextMenu")); },
-                     [&](QWidget *shown) {
-                         menu = qobject_cast<QMenu *>(shown);
-                         host.kill(kill);
-                     });
+    const auto killer = host.killWhenShown(
+        [] { return activeMenuNamed(QStringLiteral("legendContextMenu")); }, kill, menu);
     BailOut bailOut;
-    QTest::mouseClick(host.window->windowHandle(), Qt::RightButton, Qt::NoModifier,
-                      label->mapTo(host.window, label->rect().center()));
+    host.rightClick(label->mapTo(host.window, label->rect().center()));
 
-    QTRY_VERIFY(killer.fired());
+    QTRY_VERIFY(killer->fired());
     QTRY_VERIFY(!host.plot);
     QVERIFY(!menu);
     QTRY_VERIFY(!QApplication::activePopupWidget());
