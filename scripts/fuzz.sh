@@ -8,6 +8,8 @@
 #   FUZZ_RUNS      a number of executions per target instead of a time
 #   FUZZ_TARGETS   names to run (default: all), e.g. "timetext plotattributes"
 #   FUZZ_JOBS      targets run side by side (default 1)
+#   FUZZ_SEED      libFuzzer's random seed, for a run that can be repeated
+#                  (default: a new one each run)
 #
 # New inputs go to build-fuzz/corpus/<name>; the committed seeds in
 # tests/fuzz/corpus/<name> are only read. A crash or a failed property leaves
@@ -61,6 +63,7 @@ run_one() {
   esac
   local limit=(-max_total_time="$SECONDS_PER_TARGET")
   [ -n "$RUNS" ] && limit=(-runs="$RUNS")
+  [ -n "${FUZZ_SEED:-}" ] && limit+=(-seed="$FUZZ_SEED")
   mkdir -p "$corpus" "$findings" "$(dirname "$log")"
   ASAN_OPTIONS="$ASAN_OPTIONS${asan_extra:+:$asan_extra}" "$binary" "${limit[@]}" "${extra[@]}" -max_len=4096 -timeout=10 -rss_limit_mb=4096 \
     -print_final_stats=1 -artifact_prefix="$findings/" \
