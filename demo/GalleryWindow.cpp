@@ -1,12 +1,12 @@
 #include "GalleryWindow.h"
 
-#include "BarSpectrumPlot.h"
+#include "BarMassScanPlot.h"
 #include "CycleBarPlot.h"
 #include "GalleryPalette.h"
 #include "GalleryPlot.h"
 #include "GroupBarPlot.h"
+#include "MassScanPlot.h"
 #include "PlotLook.h"
-#include "SpectrumPlot.h"
 #include "TrendPlot.h"
 
 #include <figura/defaults/PlotDefault.h>
@@ -71,7 +71,7 @@ GalleryWindow::GalleryWindow(const GalleryOptions &options, QWidget *parent)
     tabs->setDocumentMode(true);
     setCentralWidget(tabs);
 
-    addPage(new SpectrumPlot);
+    addPage(new MassScanPlot);
 
     QDateTime start = options.recordStart;
     if (!start.isValid())
@@ -82,7 +82,7 @@ GalleryWindow::GalleryWindow(const GalleryOptions &options, QWidget *parent)
             [this](const QString &text) { statusBar()->showMessage(text); });
     addPage(trend);
 
-    addPage(new BarSpectrumPlot);
+    addPage(new BarMassScanPlot);
     addPage(new CycleBarPlot);
     addPage(new GroupBarPlot);
 

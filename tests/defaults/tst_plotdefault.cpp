@@ -314,7 +314,7 @@ void tst_PlotDefault::selectionMarkerLabelBackgroundIsTranslucent()
 
 void tst_PlotDefault::coloursAreRgbSoThatJsonKeepsThem()
 {
-    // Colours travel in JSON as "#rrggbb"; a colour of another spec would
+    // Colours travel in JSON as "#rrggbb"; a colour of another model (HSV, CMYK) would
     // come back as a different (if equal-looking) QColor.
     const QColor colours[] = {
         PlotDefault::CanvasBackground, PlotDefault::SelectionMarkerColor, PlotDefault::MarkerLabelColor,

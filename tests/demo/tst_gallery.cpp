@@ -1,13 +1,13 @@
 // The gallery's pages as a host would use them: text export, dark mode,
 // the looks kept in the settings, the live trend and the peak labels.
 
-#include "BarSpectrumPlot.h"
+#include "BarMassScanPlot.h"
 #include "CycleBarPlot.h"
 #include "GalleryPlot.h"
 #include "GalleryWindow.h"
 #include "GroupBarPlot.h"
+#include "MassScanPlot.h"
 #include "PlotLook.h"
-#include "SpectrumPlot.h"
 #include "TextData.h"
 #include "TrendPlot.h"
 
@@ -226,7 +226,7 @@ void tst_Gallery::csvLeavesCellsEmptyWhereASeriesHasNoSample()
 void tst_Gallery::textDataOfCurvesListsOnlyTheVisibleCurves()
 {
     GalleryWindow window(fixedOptions(false));
-    auto *plot = pageOf<SpectrumPlot>(window, "curveplot");
+    auto *plot = pageOf<MassScanPlot>(window, "curveplot");
     QVERIFY(plot);
     QCOMPARE(plot->curves().size(), 3);
     plot->curves().at(1)->setVisible(false);
@@ -297,7 +297,7 @@ void tst_Gallery::textDataOfSetsHasAColumnPerBarTitle()
 void tst_Gallery::textDataOfHiddenBarsIsOnlyTheHeader()
 {
     GalleryWindow window(fixedOptions(false));
-    auto *bars = pageOf<BarSpectrumPlot>(window, "barplot");
+    auto *bars = pageOf<BarMassScanPlot>(window, "barplot");
     QVERIFY(bars);
     QCOMPARE(csvLines(bars->textData()).size(), 1 + 50);
     bars->barCharts().first()->setVisible(false);
@@ -325,7 +325,7 @@ void tst_Gallery::exportTextDataToFileWritesTheSameCsv()
 void tst_Gallery::cancelledTextExportWritesNothing()
 {
     GalleryWindow window(fixedOptions(false));
-    auto *plot = pageOf<SpectrumPlot>(window, "curveplot");
+    auto *plot = pageOf<MassScanPlot>(window, "curveplot");
     QTemporaryDir dir;
     QVERIFY(dir.isValid());
 
@@ -452,7 +452,7 @@ void tst_Gallery::lookIsStoredAtCloseAndRestoredAtStart()
     const QColor paper(255, 250, 240);
     {
         GalleryWindow window(fixedOptions(true));
-        auto *spectrum = pageOf<SpectrumPlot>(window, "curveplot");
+        auto *spectrum = pageOf<MassScanPlot>(window, "curveplot");
         spectrum->setCanvasBgColor(paper);
         QwtText title = spectrum->title();
         title.setText(QStringLiteral("Chamber 3"));
@@ -462,7 +462,7 @@ void tst_Gallery::lookIsStoredAtCloseAndRestoredAtStart()
         axis.setText(QStringLiteral("Current (A)"));
         spectrum->setAxisCustomTitle(QwtPlot::yLeft, axis);
 
-        auto *bars = pageOf<BarSpectrumPlot>(window, "barplot");
+        auto *bars = pageOf<BarMassScanPlot>(window, "barplot");
         bars->setChartColor(QColor(200, 0, 0));
         actionOf(bars, "peakLabelAct")->trigger();
         QVERIFY(!bars->isPeakLabelVisible());
@@ -475,7 +475,7 @@ void tst_Gallery::lookIsStoredAtCloseAndRestoredAtStart()
     QVERIFY(!QSettings().value(GalleryWindow::lookKey(QStringLiteral("curveplot"))).toString().isEmpty());
 
     GalleryWindow window(fixedOptions(true));
-    auto *spectrum = pageOf<SpectrumPlot>(window, "curveplot");
+    auto *spectrum = pageOf<MassScanPlot>(window, "curveplot");
     QCOMPARE(spectrum->canvasBackground().color(), paper);
     QCOMPARE(spectrum->title().text(), QStringLiteral("Chamber 3"));
     QCOMPARE(spectrum->axisTitle(QwtPlot::yLeft).text(), QStringLiteral("Current (A)"));
@@ -483,7 +483,7 @@ void tst_Gallery::lookIsStoredAtCloseAndRestoredAtStart()
     QVERIFY(marker);
     QCOMPARE(marker->linePen().width(), 3);
 
-    auto *bars = pageOf<BarSpectrumPlot>(window, "barplot");
+    auto *bars = pageOf<BarMassScanPlot>(window, "barplot");
     QCOMPARE(bars->chartColor(), QColor(200, 0, 0));
     QCOMPARE(bars->seriesColors(), QList<QColor>{QColor(200, 0, 0)});
     QVERIFY(!bars->isPeakLabelVisible());
@@ -650,7 +650,7 @@ void tst_Gallery::liveTrendTakesReadingsFromItsTimer()
 void tst_Gallery::peakLabelsStandOnTheHighestPeaks()
 {
     GalleryWindow window(fixedOptions(false));
-    auto *bars = pageOf<BarSpectrumPlot>(window, "barplot");
+    auto *bars = pageOf<BarMassScanPlot>(window, "barplot");
     const QList<PeakLabel *> labels = bars->peakLabels();
     QCOMPARE(labels.size(), 6);
     QCOMPARE(bars->itemList(PeakLabel::Rtti_PeakLabel).size(), 6);
@@ -670,7 +670,7 @@ void tst_Gallery::peakLabelsStandOnTheHighestPeaks()
 void tst_Gallery::peakLabelsFollowTheActionAndTheFormat()
 {
     GalleryWindow window(fixedOptions(false));
-    auto *bars = pageOf<BarSpectrumPlot>(window, "barplot");
+    auto *bars = pageOf<BarMassScanPlot>(window, "barplot");
     QAction *peakLabelAct = actionOf(bars, "peakLabelAct");
     QVERIFY(peakLabelAct);
     QVERIFY(peakLabelAct->isChecked());
@@ -695,7 +695,7 @@ void tst_Gallery::peakLabelsFollowTheActionAndTheFormat()
 void tst_Gallery::chartColorReachesTheBars()
 {
     GalleryWindow window(fixedOptions(false));
-    auto *bars = pageOf<BarSpectrumPlot>(window, "barplot");
+    auto *bars = pageOf<BarMassScanPlot>(window, "barplot");
     QCOMPARE(bars->seriesColors(), QList<QColor>{PlotDefault::ChartColor});
     bars->setChartColor(QColor(10, 120, 40));
     QCOMPARE(bars->seriesColors(), QList<QColor>{QColor(10, 120, 40)});
@@ -704,7 +704,7 @@ void tst_Gallery::chartColorReachesTheBars()
 void tst_Gallery::lineWidthReachesEveryCurve()
 {
     GalleryWindow window(fixedOptions(false));
-    auto *spectrum = pageOf<SpectrumPlot>(window, "curveplot");
+    auto *spectrum = pageOf<MassScanPlot>(window, "curveplot");
     spectrum->updatePenWidth(4);
     for (const QwtPlotCurve *curve : spectrum->curves())
         QCOMPARE(curve->pen().width(), 4);

@@ -359,7 +359,7 @@ void tst_LocalTimeScaleEngine::fallBackKeepsMinuteTicksRound()
 
 void tst_LocalTimeScaleEngine::utcReferenceAlignsToItsOwnClock()
 {
-    // Midnight is taken in the reference's own time spec: three-hour ticks
+    // Midnight is taken in the reference's own time zone: three-hour ticks
     // fall on 12:00 UTC, not on 13:00 UTC (15:00 in Berlin, from Berlin's midnight).
     const QDateTime reference(QDate(2024, 5, 6), QTime(10, 17, 23), Qt::UTC);
     LocalTimeScaleEngine engine;

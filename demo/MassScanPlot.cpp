@@ -1,4 +1,4 @@
-#include "SpectrumPlot.h"
+#include "MassScanPlot.h"
 
 #include "GalleryPalette.h"
 #include "SampleData.h"
@@ -27,10 +27,10 @@ QwtText titleText(const QString &text, const QwtText &like)
 
 } // namespace
 
-SpectrumPlot::SpectrumPlot(QWidget *parent)
+MassScanPlot::MassScanPlot(QWidget *parent)
     : CurvePlot(parent)
 {
-    setObjectName(QStringLiteral("spectrumPlot"));
+    setObjectName(QStringLiteral("massScanPlot"));
     setTitle(titleText(tr("Residual gas spectra"), title()));
     setAxisTitle(QwtPlot::xBottom, titleText(tr("Mass (amu)"), axisTitle(QwtPlot::xBottom)));
     setAxisTitle(QwtPlot::yLeft, titleText(tr("Ion current (A)"), axisTitle(QwtPlot::yLeft)));
@@ -59,29 +59,29 @@ SpectrumPlot::SpectrumPlot(QWidget *parent)
     setLogScale(true);
 }
 
-VoidPlot *SpectrumPlot::plotWidget()
+VoidPlot *MassScanPlot::plotWidget()
 {
     return this;
 }
 
-QString SpectrumPlot::pageKey() const
+QString MassScanPlot::pageKey() const
 {
     return QStringLiteral("curveplot");
 }
 
-QString SpectrumPlot::pageTitle() const
+QString MassScanPlot::pageTitle() const
 {
     return tr("CurvePlot");
 }
 
-QString SpectrumPlot::pageCaption() const
+QString MassScanPlot::pageCaption() const
 {
     return tr("Three residual gas spectra, 2,000 samples each. Move the pointer for the read-out, "
               "click a legend entry to hide a curve, right-click it for the curve's settings; "
               "the plot's context menu switches the log scale.");
 }
 
-void SpectrumPlot::applyPalette(bool dark)
+void MassScanPlot::applyPalette(bool dark)
 {
     GalleryPalette::applyToFrame(this, dark, markerLabel, zoomPicker);
     const QList<SampleData::Spectrum> spectra = SampleData::residualGasSpectra();
@@ -89,7 +89,7 @@ void SpectrumPlot::applyPalette(bool dark)
         setLineAttributes(i, -1, 0, GalleryPalette::seriesColor(spectra.at(i).color, dark));
 }
 
-QList<QColor> SpectrumPlot::seriesColors() const
+QList<QColor> MassScanPlot::seriesColors() const
 {
     QList<QColor> colors;
     for (const QwtPlotCurve *curve : std::as_const(curvesValue))
@@ -97,7 +97,7 @@ QList<QColor> SpectrumPlot::seriesColors() const
     return colors;
 }
 
-QString SpectrumPlot::textData() const
+QString MassScanPlot::textData() const
 {
     QList<TextData::Series> series;
     for (const QwtPlotCurve *curve : std::as_const(curvesValue)) {
@@ -112,34 +112,34 @@ QString SpectrumPlot::textData() const
     return TextData::toCsv(TextData::numberColumn(axisTitle(QwtPlot::xBottom).text()), series);
 }
 
-QwtText SpectrumPlot::markerLabelTemplate() const
+QwtText MassScanPlot::markerLabelTemplate() const
 {
     return markerLabel;
 }
 
-void SpectrumPlot::poseForScreenshot()
+void MassScanPlot::poseForScreenshot()
 {
     replot();
     displayMarkers(int(transform(QwtPlot::xBottom, PosedMass)), QPointF(0.0, 0.0));
     replot();
 }
 
-void SpectrumPlot::copyTextDataToClipboard()
+void MassScanPlot::copyTextDataToClipboard()
 {
     TextData::copyToClipboard(textData());
 }
 
-void SpectrumPlot::exportTextDataToFile()
+void MassScanPlot::exportTextDataToFile()
 {
     TextData::saveToFile(this, QStringLiteral("spectra.csv"), textData());
 }
 
-QwtText SpectrumPlot::defaultPlotTitle()
+QwtText MassScanPlot::defaultPlotTitle()
 {
     return titleText(tr("Residual gas spectra"), CurvePlot::defaultPlotTitle());
 }
 
-QwtText SpectrumPlot::defaultAxisTitle(int axisId)
+QwtText MassScanPlot::defaultAxisTitle(int axisId)
 {
     const QwtText base = CurvePlot::defaultAxisTitle(axisId);
     if (axisId == QwtPlot::xBottom)

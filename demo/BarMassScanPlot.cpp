@@ -1,4 +1,4 @@
-#include "BarSpectrumPlot.h"
+#include "BarMassScanPlot.h"
 
 #include "GalleryPalette.h"
 #include "SampleData.h"
@@ -32,10 +32,10 @@ QwtText titleText(const QString &text, const QwtText &like)
 
 } // namespace
 
-BarSpectrumPlot::BarSpectrumPlot(QWidget *parent)
+BarMassScanPlot::BarMassScanPlot(QWidget *parent)
     : BarPlot(parent)
 {
-    setObjectName(QStringLiteral("barSpectrumPlot"));
+    setObjectName(QStringLiteral("barMassScanPlot"));
     setTitle(titleText(tr("Vented chamber, bar scan"), title()));
     setAxisTitle(QwtPlot::xBottom, titleText(tr("Mass (amu)"), axisTitle(QwtPlot::xBottom)));
     setAxisTitle(QwtPlot::yLeft, titleText(tr("Ion current (A)"), axisTitle(QwtPlot::yLeft)));
@@ -66,7 +66,7 @@ BarSpectrumPlot::BarSpectrumPlot(QWidget *parent)
     setPeakLabelVisible(true);
 }
 
-void BarSpectrumPlot::createPeakLabels()
+void BarMassScanPlot::createPeakLabels()
 {
     const QwtPlotBarChart *chart = barChartsValue.constFirst();
     QVector<QPointF> bars;
@@ -95,12 +95,12 @@ void BarSpectrumPlot::createPeakLabels()
     }
 }
 
-QList<PeakLabel *> BarSpectrumPlot::peakLabels() const
+QList<PeakLabel *> BarMassScanPlot::peakLabels() const
 {
     return labels;
 }
 
-void BarSpectrumPlot::togglePeakLabels(bool enabled)
+void BarMassScanPlot::togglePeakLabels(bool enabled)
 {
     BarPlot::togglePeakLabels(enabled);
     // Also reached from setPeakLabelVisible(), whose flag is stored before
@@ -108,48 +108,48 @@ void BarSpectrumPlot::togglePeakLabels(bool enabled)
     showPeakLabels(enabled);
 }
 
-void BarSpectrumPlot::showPeakLabels(bool on)
+void BarMassScanPlot::showPeakLabels(bool on)
 {
     for (PeakLabel *label : std::as_const(labels))
         label->setVisible(on);
     replotLater();
 }
 
-void BarSpectrumPlot::updatePeakLabels(const PeakLabelFormat &format)
+void BarMassScanPlot::updatePeakLabels(const PeakLabelFormat &format)
 {
     for (PeakLabel *label : std::as_const(labels))
         label->setFormat(format);
     replotLater();
 }
 
-VoidPlot *BarSpectrumPlot::plotWidget()
+VoidPlot *BarMassScanPlot::plotWidget()
 {
     return this;
 }
 
-QString BarSpectrumPlot::pageKey() const
+QString BarMassScanPlot::pageKey() const
 {
     return QStringLiteral("barplot");
 }
 
-QString BarSpectrumPlot::pageTitle() const
+QString BarMassScanPlot::pageTitle() const
 {
     return tr("BarPlot");
 }
 
-QString BarSpectrumPlot::pageCaption() const
+QString BarMassScanPlot::pageCaption() const
 {
     return tr("A bar scan with the ions named on the six highest peaks. \"Show Peak Labels\" in "
               "the context menu hides them; \"Customize Plot...\" restyles them and the bars.");
 }
 
-void BarSpectrumPlot::applyPalette(bool dark)
+void BarMassScanPlot::applyPalette(bool dark)
 {
     GalleryPalette::applyToFrame(this, dark, markerLabel, zoomPicker);
     setChartColor(dark ? PlotDefault::DarkMode::BarColor : PlotDefault::ChartColor);
 }
 
-QList<QColor> BarSpectrumPlot::seriesColors() const
+QList<QColor> BarMassScanPlot::seriesColors() const
 {
     QList<QColor> colors;
     for (const QwtPlotBarChart *chart : std::as_const(barChartsValue)) {
@@ -159,7 +159,7 @@ QList<QColor> BarSpectrumPlot::seriesColors() const
     return colors;
 }
 
-QString BarSpectrumPlot::textData() const
+QString BarMassScanPlot::textData() const
 {
     QList<TextData::Series> series;
     for (const QwtPlotBarChart *chart : std::as_const(barChartsValue)) {
@@ -173,34 +173,34 @@ QString BarSpectrumPlot::textData() const
     return TextData::toCsv(TextData::numberColumn(axisTitle(QwtPlot::xBottom).text()), series);
 }
 
-QwtText BarSpectrumPlot::markerLabelTemplate() const
+QwtText BarMassScanPlot::markerLabelTemplate() const
 {
     return markerLabel;
 }
 
-void BarSpectrumPlot::poseForScreenshot()
+void BarMassScanPlot::poseForScreenshot()
 {
     replot();
     displayMarkers(int(transform(QwtPlot::xBottom, PosedMass)), QPointF(0.0, 0.0));
     replot();
 }
 
-void BarSpectrumPlot::copyTextDataToClipboard()
+void BarMassScanPlot::copyTextDataToClipboard()
 {
     TextData::copyToClipboard(textData());
 }
 
-void BarSpectrumPlot::exportTextDataToFile()
+void BarMassScanPlot::exportTextDataToFile()
 {
     TextData::saveToFile(this, QStringLiteral("bar-spectrum.csv"), textData());
 }
 
-QwtText BarSpectrumPlot::defaultPlotTitle()
+QwtText BarMassScanPlot::defaultPlotTitle()
 {
     return titleText(tr("Vented chamber, bar scan"), BarPlot::defaultPlotTitle());
 }
 
-QwtText BarSpectrumPlot::defaultAxisTitle(int axisId)
+QwtText BarMassScanPlot::defaultAxisTitle(int axisId)
 {
     const QwtText base = BarPlot::defaultAxisTitle(axisId);
     if (axisId == QwtPlot::xBottom)

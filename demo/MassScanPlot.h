@@ -9,12 +9,12 @@
 // Legend entries switch the curves on and off, and their context menu leads
 // to the dialog of one curve. The curves take the plot's line width whenever
 // it changes. "Text Data" and "Text Data..." give the visible spectra as CSV.
-class SpectrumPlot : public CurvePlot, public GalleryPlot
+class MassScanPlot : public CurvePlot, public GalleryPlot
 {
     Q_OBJECT
 
 public:
-    explicit SpectrumPlot(QWidget *parent = nullptr);
+    explicit MassScanPlot(QWidget *parent = nullptr);
 
     VoidPlot *plotWidget() override;
     QString pageKey() const override;

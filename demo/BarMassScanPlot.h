@@ -14,12 +14,12 @@ class PeakLabel;
 // format, so this class shows, hides and restyles them when the "Show Peak
 // Labels" action or the peak label format changes. The bars take the plot's
 // chart colour.
-class BarSpectrumPlot : public BarPlot, public GalleryPlot
+class BarMassScanPlot : public BarPlot, public GalleryPlot
 {
     Q_OBJECT
 
 public:
-    explicit BarSpectrumPlot(QWidget *parent = nullptr);
+    explicit BarMassScanPlot(QWidget *parent = nullptr);
 
     // The labels in the order of their peaks' height, highest first; the
     // plot owns them.
